@@ -20,8 +20,8 @@ public:
     Connection& operator=(const Connection&) = delete;
 
     std::string ConnectionString;
-    int ConnectionTimeout = 15; // seconds at open
-    int CommandTimeout = 30;    // seconds a statement may run; 0 = no limit
+    int ConnectionTimeout = 15;         // seconds at open
+    int CommandTimeout = 30;            // seconds a statement may run; 0 = no limit
     std::string OdbcDriver = "FreeTDS"; // the ODBC driver that serves Provider=SQLOLEDB.1
 
     // Provider=SQLOLEDB.1 → ODBC, Provider=SQLite → the embedded engine. DbError on failure.

@@ -30,7 +30,8 @@ public:
     explicit Recordset(std::shared_ptr<Cursor> cursor);
 
     bool IsOpen() const { return cursor_ != nullptr; }
-    bool EOF() const { return eof_; }
+    // ADO's EOF; the C library keeps that name as a macro.
+    bool Eof() const { return eof_; }
     void MoveNext();
     int FieldCount() const { return static_cast<int>(names_.size()); }
     // DbError 3265 when no field has that name or ordinal; 3021 at EOF.

@@ -1,0 +1,111 @@
+#include "db/sql_tokens.h"
+
+#include "db/text_fold.h"
+
+namespace quillon {
+namespace {
+
+bool IsBlank(char c) {
+    return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\f' || c == '\v';
+}
+bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+// Bytes of multi-byte UTF-8 characters count as letters: Chinese names are plain words.
+bool IsWordStart(char c) {
+    auto u = static_cast<unsigned char>(c);
+    return u >= 0x80 || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || c == '@' || c == '#';
+}
+bool IsWordPart(char c) {
+    return IsWordStart(c) || IsDigit(c) || c == '$';
+}
+
+} // namespace
+
+bool SqlToken::IsWord(std::string_view word) const {
+    return kind == SqlTokenKind::Word && EqualsIgnoreAsciiCase(text, word);
+}
+
+std::string SqlToken::Name() const {
+    if (kind != SqlTokenKind::QuotedName || text.size() < 2) return text;
+    return text.substr(1, text.size() - 2);
+}
+
+std::vector<SqlToken> TokenizeSql(std::string_view s) {
+    std::vector<SqlToken> out;
+    size_t i = 0;
+    auto push = [&](SqlTokenKind kind, size_t end) {
+        out.push_back(SqlToken{kind, std::string(s.substr(i, end - i))});
+        i = end;
+    };
+    while (i < s.size()) {
+        char c = s[i];
+        size_t j = i + 1;
+        if (IsBlank(c)) {
+            while (j < s.size() && IsBlank(s[j])) ++j;
+            push(SqlTokenKind::Blank, j);
+        } else if (c == '-' && j < s.size() && s[j] == '-') {
+            while (j < s.size() && s[j] != '\n') ++j;
+            push(SqlTokenKind::Comment, j);
+        } else if (c == '/' && j < s.size() && s[j] == '*') {
+            size_t close = s.find("*/", j + 1);
+            push(SqlTokenKind::Comment, close == s.npos ? s.size() : close + 2);
+        } else if (c == '\'' || ((c == 'N' || c == 'n') && j < s.size() && s[j] == '\'')) {
+            if (c != '\'') ++j;
+            // '' inside a literal stands for one quote.
+            for (;;) {
+                if (j >= s.size()) break;
+                if (s[j] == '\'') {
+                    if (j + 1 < s.size() && s[j + 1] == '\'') {
+                        j += 2;
+                        continue;
+                    }
+                    ++j;
+                    break;
+                }
+                ++j;
+            }
+            push(SqlTokenKind::String, j);
+        } else if (c == '[' || c == '"') {
+            char close = c == '[' ? ']' : '"';
+            while (j < s.size() && s[j] != close) ++j;
+            push(SqlTokenKind::QuotedName, j < s.size() ? j + 1 : j);
+        } else if (IsDigit(c) || (c == '.' && j < s.size() && IsDigit(s[j]))) {
+            while (j < s.size() && (IsDigit(s[j]) || s[j] == '.')) ++j;
+            if (j < s.size() && (s[j] == 'e' || s[j] == 'E')) {
+                size_t k = j + 1;
+                if (k < s.size() && (s[k] == '+' || s[k] == '-')) ++k;
+                if (k < s.size() && IsDigit(s[k])) {
+                    while (k < s.size() && IsDigit(s[k])) ++k;
+                    j = k;
+                }
+            }
+            push(SqlTokenKind::Number, j);
+        } else if (IsWordStart(c)) {
+            while (j < s.size() && IsWordPart(s[j])) ++j;
+            push(SqlTokenKind::Word, j);
+        } else {
+            static constexpr std::string_view kTwoChar[] = {"<=", ">=", "<>", "!=", "!<", "!>"};
+            for (auto op : kTwoChar)
+                if (s.substr(i, 2) == op) j = i + 2;
+            push(SqlTokenKind::Punct, j);
+        }
+    }
+    return out;
+}
+
+size_t NextSolid(const std::vector<SqlToken>& tokens, size_t i) {
+    while (i < tokens.size() && tokens[i].IsTrivia()) ++i;
+    return i;
+}
+
+size_t MatchingParen(const std::vector<SqlToken>& tokens, size_t open) {
+    int depth = 0;
+    for (size_t i = open; i < tokens.size(); ++i) {
+        if (tokens[i].IsPunct('(')) ++depth;
+        if (tokens[i].IsPunct(')') && --depth == 0) return i;
+    }
+    return tokens.size();
+}
+
+} // namespace quillon

@@ -1,0 +1,34 @@
+// sql_tokens.h — splits T-SQL text into tokens (blanks, comments, literals, bracketed names,
+// words, numbers, punctuation) so that the guard and the dialect step never look inside a literal.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quillon {
+
+enum class SqlTokenKind { Blank, Comment, String, QuotedName, Word, Number, Punct };
+
+struct SqlToken {
+    SqlTokenKind kind;
+    std::string text;
+
+    bool IsTrivia() const { return kind == SqlTokenKind::Blank || kind == SqlTokenKind::Comment; }
+    bool IsPunct(char c) const { return kind == SqlTokenKind::Punct && text.size() == 1 && text[0] == c; }
+    bool IsWord(std::string_view word) const; // case-insensitive keyword test
+    bool IsName() const { return kind == SqlTokenKind::Word || kind == SqlTokenKind::QuotedName; }
+    // The name without its brackets or quotes.
+    std::string Name() const;
+};
+
+// Never fails: an unterminated literal or comment runs to the end of the text.
+std::vector<SqlToken> TokenizeSql(std::string_view sql);
+
+// Index of the next token at or after i that is not a blank or comment; tokens.size() if none.
+size_t NextSolid(const std::vector<SqlToken>& tokens, size_t i);
+
+// Index of the ')' that closes the '(' at open; tokens.size() when unbalanced.
+size_t MatchingParen(const std::vector<SqlToken>& tokens, size_t open);
+
+} // namespace quillon

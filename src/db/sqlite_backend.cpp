@@ -1,0 +1,151 @@
+// The embedded engine: the demo database and every test database. The file is opened
+// read-only, and the reports' T-SQL passes through the dialect step first.
+#include <sqlite3.h>
+
+#include <chrono>
+#include <cstring>
+
+#include "db/backend.h"
+#include "db/db_error.h"
+#include "db/text_fold.h"
+#include "db/tsql_dialect.h"
+
+namespace quillon {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+// The open database and the deadline of the statement now running, shared with the cursors so
+// that the handle outlives every recordset made from it.
+struct SqliteHandle {
+    sqlite3* db = nullptr;
+    Clock::time_point deadline{};
+    bool timedOut = false;
+    ~SqliteHandle() { sqlite3_close_v2(db); }
+};
+
+int ProgressCheck(void* p) {
+    auto* h = static_cast<SqliteHandle*>(p);
+    if (h->deadline == Clock::time_point{} || Clock::now() < h->deadline) return 0;
+    h->timedOut = true;
+    return 1; // interrupts the statement
+}
+
+bool IsDateDeclared(const char* declType) {
+    if (!declType) return false;
+    std::string t = FoldedAscii(declType);
+    return t.find("date") != std::string::npos || t.find("time") != std::string::npos;
+}
+
+class SqliteCursor final : public Cursor {
+public:
+    SqliteCursor(std::shared_ptr<SqliteHandle> handle, sqlite3_stmt* stmt, int commandTimeout)
+        : handle_(std::move(handle)), stmt_(stmt), timeout_(commandTimeout) {
+        int n = sqlite3_column_count(stmt_);
+        for (int i = 0; i < n; ++i) {
+            const char* name = sqlite3_column_name(stmt_, i);
+            names_.emplace_back(name ? name : "");
+            dateColumn_.push_back(IsDateDeclared(sqlite3_column_decltype(stmt_, i)));
+        }
+    }
+    ~SqliteCursor() override { sqlite3_finalize(stmt_); }
+
+    const std::vector<std::string>& ColumnNames() const override { return names_; }
+
+    bool Fetch(std::vector<Value>& row) override {
+        if (done_) return false;
+        // The time limit covers the statement's run up to its first row, as a command timeout does.
+        handle_->deadline =
+            (first_ && timeout_ > 0) ? Clock::now() + std::chrono::seconds(timeout_) : Clock::time_point{};
+        handle_->timedOut = false;
+        int rc = sqlite3_step(stmt_);
+        handle_->deadline = Clock::time_point{};
+        first_ = false;
+        if (rc == SQLITE_DONE) {
+            done_ = true;
+            return false;
+        }
+        if (rc != SQLITE_ROW) {
+            done_ = true;
+            if (handle_->timedOut) throw DbError(kAdoErrTimeout, "查询超时已过期");
+            throw DbError(kAdoErrBadStatement, sqlite3_errmsg(handle_->db));
+        }
+        row.resize(names_.size());
+        for (size_t i = 0; i < names_.size(); ++i) row[i] = ColumnValue(static_cast<int>(i));
+        return true;
+    }
+
+private:
+    Value ColumnValue(int i) const {
+        switch (sqlite3_column_type(stmt_, i)) {
+        case SQLITE_NULL:
+            return Value();
+        case SQLITE_INTEGER:
+            return Value(static_cast<std::int64_t>(sqlite3_column_int64(stmt_, i)));
+        case SQLITE_FLOAT:
+            return Value(sqlite3_column_double(stmt_, i));
+        default: {
+            const auto* p = reinterpret_cast<const char*>(sqlite3_column_text(stmt_, i));
+            std::string text(p ? p : "", sqlite3_column_bytes(stmt_, i));
+            if (dateColumn_[i]) {
+                if (auto d = DateTime::ParseIso(text)) return Value(*d);
+            }
+            return Value(std::move(text));
+        }
+        }
+    }
+
+    std::shared_ptr<SqliteHandle> handle_;
+    sqlite3_stmt* stmt_;
+    int timeout_;
+    std::vector<std::string> names_;
+    std::vector<bool> dateColumn_;
+    bool first_ = true;
+    bool done_ = false;
+};
+
+class SqliteBackend final : public Backend {
+public:
+    void Open(const ConnectionString& params, const OpenOptions& options) override {
+        std::string path = params.GetOr("Data Source", "");
+        auto handle = std::make_shared<SqliteHandle>();
+        int rc = path.empty() ? SQLITE_CANTOPEN
+                              : sqlite3_open_v2(path.c_str(), &handle->db,
+                                                SQLITE_OPEN_READONLY | SQLITE_OPEN_NOMUTEX, nullptr);
+        if (rc == SQLITE_OK) {
+            // A file that is not a database opens fine; the first read tells.
+            rc = sqlite3_exec(handle->db, "SELECT count(*) FROM sqlite_master", nullptr, nullptr, nullptr);
+        }
+        if (rc != SQLITE_OK) {
+            std::string why = handle->db ? sqlite3_errmsg(handle->db) : sqlite3_errstr(rc);
+            throw DbError(kAdoErrGeneric, "[SQLite] 无法打开数据库 '" + path + "': " + why);
+        }
+        sqlite3_busy_timeout(handle->db,
+                             options.connectionTimeout > 0 ? options.connectionTimeout * 1000 : 1 << 30);
+        sqlite3_progress_handler(handle->db, 1000, ProgressCheck, handle.get());
+        RegisterTsqlFunctions(handle->db);
+        handle_ = std::move(handle);
+    }
+
+    std::shared_ptr<Cursor> Execute(const std::string& sql, int commandTimeout) override {
+        std::string text = TranslateTsqlToSqlite(sql);
+        sqlite3_stmt* stmt = nullptr;
+        const char* tail = nullptr;
+        if (sqlite3_prepare_v2(handle_->db, text.c_str(), static_cast<int>(text.size()), &stmt, &tail) !=
+            SQLITE_OK)
+            throw DbError(kAdoErrBadStatement, sqlite3_errmsg(handle_->db));
+        if (!stmt) throw DbError(kAdoErrBadStatement, "空语句");
+        return std::make_shared<SqliteCursor>(handle_, stmt, commandTimeout);
+    }
+
+private:
+    std::shared_ptr<SqliteHandle> handle_;
+};
+
+} // namespace
+
+std::unique_ptr<Backend> MakeSqliteBackend() {
+    return std::make_unique<SqliteBackend>();
+}
+
+} // namespace quillon

@@ -1,0 +1,177 @@
+// The Connection over the embedded engine: opening, reading, refusing writes, time limits.
+#include <gtest/gtest.h>
+
+#include "db/connection.h"
+#include "db/db_error.h"
+#include "temp_sqlite_file.h"
+
+namespace quillon {
+namespace {
+
+using testing::TempSqliteFile;
+
+class SqliteConnection : public ::testing::Test {
+protected:
+    void SetUp() override {
+        file.Exec("CREATE TABLE 票据 (ID INTEGER PRIMARY KEY, 票据编号 TEXT COLLATE NOCASE, 开票日期 DATE,"
+                  " 收款日期 DATETIME, 金额 REAL, 付款人 TEXT COLLATE NOCASE);"
+                  "INSERT INTO 票据 VALUES (1, '0001', '2024-03-05', '2024-04-01 10:30:00', 106.5, '张三');"
+                  "INSERT INTO 票据 VALUES (2, '0002', '2024-03-06', NULL, -20, '');"
+                  "INSERT INTO 票据 VALUES (3, '0003', '2024-03-07', NULL, 0, NULL);");
+        conn.ConnectionString = file.SqliteConnectionText();
+        conn.Open();
+    }
+    TempSqliteFile file;
+    Connection conn;
+};
+
+TEST_F(SqliteConnection, FieldsByNameIgnoreCaseAndKeepNullApartFromEmpty) {
+    auto rs = conn.OpenRecordset("Select id, 票据编号 as JE, 付款人 From 票据 Order by ID");
+    ASSERT_FALSE(rs.Eof());
+    EXPECT_EQ(rs.Fields("Je").Value().AsText(), "0001");
+    EXPECT_EQ(rs.Fields("ID").Value().AsNumber(), 1);
+    EXPECT_EQ(rs.Fields("付款人").Value().AsText(), "张三");
+    rs.MoveNext();
+    EXPECT_FALSE(rs.Fields("付款人").IsNull());
+    EXPECT_EQ(rs.Fields(2).Value().AsText(), "");
+    rs.MoveNext();
+    EXPECT_TRUE(rs.Fields("付款人").IsNull());
+    rs.MoveNext();
+    EXPECT_TRUE(rs.Eof());
+}
+
+TEST_F(SqliteConnection, DateColumnsComeBackAsDatesAndExpressionsAsTheyAre) {
+    auto rs =
+        conn.OpenRecordset("Select 开票日期, 收款日期, 金额, '2024-01-01' as 文本 From 票据 Where ID = 1");
+    ASSERT_TRUE(rs.Fields("开票日期").Value().IsDate());
+    EXPECT_EQ(rs.Fields("开票日期").Value().AsDate(), (DateTime{2024, 3, 5}));
+    EXPECT_EQ(rs.Fields("收款日期").Value().AsDate(), (DateTime{2024, 4, 1, 10, 30, 0}));
+    EXPECT_DOUBLE_EQ(rs.Fields("金额").Value().AsNumber(), 106.5);
+    EXPECT_TRUE(rs.Fields("文本").Value().IsText());
+}
+
+TEST_F(SqliteConnection, MissingFieldsAndReadingPastTheEndFail) {
+    auto rs = conn.OpenRecordset("Select ID From 票据 Where ID = 1");
+    struct Case {
+        const char* why;
+        std::function<void()> read;
+        long number;
+    } cases[] = {
+        {"unknown name", [&] { rs.Fields("金额"); }, kAdoErrItemNotFound},
+        {"ordinal past the last field", [&] { rs.Fields(1); }, kAdoErrItemNotFound},
+        {"negative ordinal", [&] { rs.Fields(-1); }, kAdoErrItemNotFound},
+        {"move past the end", [&] { rs.MoveNext(), rs.MoveNext(); }, kAdoErrNoCurrentRecord},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.why);
+        try {
+            c.read();
+            ADD_FAILURE() << "no error";
+        } catch (const DbError& e) {
+            EXPECT_EQ(e.Number, c.number);
+        }
+    }
+}
+
+TEST_F(SqliteConnection, TwoRecordsetsReadSideBySide) {
+    auto outer = conn.OpenRecordset("Select ID From 票据 Order by ID");
+    int pairs = 0;
+    while (!outer.Eof()) {
+        auto inner = conn.OpenRecordset("Select count(*) as n From 票据 Where ID <= " +
+                                        outer.Fields("ID").Value().AsText());
+        pairs += static_cast<int>(inner.Fields("n").Value().AsNumber());
+        outer.MoveNext();
+    }
+    EXPECT_EQ(pairs, 1 + 2 + 3);
+}
+
+TEST_F(SqliteConnection, WritesFailAtTheGuardAndAtTheEngine) {
+    try {
+        conn.OpenRecordset("Delete From 票据");
+        ADD_FAILURE() << "guard let a delete through";
+    } catch (const DbError& e) {
+        EXPECT_EQ(e.Number, kAdoErrBadStatement);
+    }
+    // Below the guard the file itself is open read-only.
+    auto backend = MakeSqliteBackend();
+    backend->Open(ConnectionString::Parse(file.SqliteConnectionText()), OpenOptions{});
+    try {
+        std::vector<Value> row;
+        backend->Execute("DELETE FROM 票据", 0)->Fetch(row);
+        ADD_FAILURE() << "engine wrote";
+    } catch (const DbError& e) {
+        EXPECT_NE(e.Description.find("readonly"), std::string::npos) << e.Description;
+    }
+    auto rs = conn.OpenRecordset("Select count(*) as n From 票据");
+    EXPECT_EQ(rs.Fields("n").Value().AsNumber(), 3);
+}
+
+TEST_F(SqliteConnection, StatementsAreLoggedAsSent) {
+    std::vector<std::string> log;
+    conn.OnStatement = [&](const std::string& sql) { log.push_back(sql); };
+    conn.OpenRecordset("Select 1 as a");
+    EXPECT_ANY_THROW(conn.OpenRecordset("Drop table 票据"));
+    ASSERT_EQ(log.size(), 1u);
+    EXPECT_EQ(log[0], "Select 1 as a");
+}
+
+TEST(SqliteOpen, FailsWithTheReasonInTheDescription) {
+    TempSqliteFile notADatabase;
+    {
+        FILE* f = std::fopen(notADatabase.Path().c_str(), "wb");
+        std::fputs("this is not a database file, just text that is long enough to be read", f);
+        std::fclose(f);
+    }
+    struct Case {
+        const char* why;
+        std::string text;
+        long number;
+    } cases[] = {
+        {"missing file", "Provider=SQLite;Data Source='/nonexistent/demo.db'", kAdoErrGeneric},
+        {"empty data source", "Provider=SQLite;Data Source=''", kAdoErrGeneric},
+        {"not a database", notADatabase.SqliteConnectionText(), kAdoErrGeneric},
+        {"unknown provider", "Provider=Jet.4;Data Source=x", kAdoErrProviderNotFound},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.why);
+        Connection conn;
+        conn.ConnectionString = c.text;
+        try {
+            conn.Open();
+            ADD_FAILURE() << "opened";
+        } catch (const DbError& e) {
+            EXPECT_EQ(e.Number, c.number);
+            EXPECT_FALSE(e.Description.empty());
+        }
+        EXPECT_FALSE(conn.IsOpen());
+    }
+}
+
+TEST(SqliteTimeout, ALongStatementStopsAtCommandTimeoutAndZeroMeansNoLimit) {
+    TempSqliteFile file;
+    auto backend = MakeSqliteBackend();
+    backend->Open(ConnectionString::Parse(file.SqliteConnectionText()), OpenOptions{});
+    const std::string slow =
+        "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i < 400000000) "
+        "SELECT count(*) FROM n";
+    std::vector<Value> row;
+    auto started = std::chrono::steady_clock::now();
+    try {
+        backend->Execute(slow, 1)->Fetch(row);
+        ADD_FAILURE() << "no timeout";
+    } catch (const DbError& e) {
+        EXPECT_EQ(e.Number, kAdoErrTimeout);
+    }
+    auto waited = std::chrono::steady_clock::now() - started;
+    EXPECT_GE(waited, std::chrono::milliseconds(900));
+    EXPECT_LT(waited, std::chrono::seconds(5));
+    ASSERT_TRUE(backend
+                    ->Execute("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i < 1000) "
+                              "SELECT count(*) FROM n",
+                              0)
+                    ->Fetch(row));
+    EXPECT_EQ(row[0].AsNumber(), 1000);
+}
+
+} // namespace
+} // namespace quillon
