@@ -8,7 +8,9 @@
 // - Dates are ISO text in columns whose declared type holds "DATE" ("yyyy-mm-dd", or
 //   "yyyy-mm-dd hh:mm:ss" in DATETIME columns); the database layer turns them into dates.
 // - NOT NULL wherever the billing system always fills a column; NULL where it carries a meaning
-//   (not voided, not received, …) or where the billing system leaves a text empty.
+//   (not voided, not received, …) or where the billing system leaves a text empty (an unpaid
+//   bill has no mode or taker, a walk-in payer no name or address); the reports read such a
+//   NULL as empty text.
 // - Defaults for flags and always-filled texts keep hand-written test rows short.
 // - No triggers, checks or foreign keys: the reports only read.
 #include "model/billing_schema.h"
@@ -51,11 +53,11 @@ CREATE TABLE 票据 (
     被换票票据编号 TEXT COLLATE NOCASE,
     被换票入库单编号 TEXT COLLATE NOCASE,
     金额 REAL NOT NULL DEFAULT 0,
-    收款方式 TEXT COLLATE NOCASE NOT NULL DEFAULT '',
-    付款人 TEXT COLLATE NOCASE NOT NULL DEFAULT '',
+    收款方式 TEXT COLLATE NOCASE,
+    付款人 TEXT COLLATE NOCASE,
     地址 TEXT COLLATE NOCASE,
-    收款人 TEXT COLLATE NOCASE NOT NULL DEFAULT '',
-    开票人 TEXT COLLATE NOCASE NOT NULL DEFAULT '',
+    收款人 TEXT COLLATE NOCASE,
+    开票人 TEXT COLLATE NOCASE,
     交易订单号 TEXT COLLATE NOCASE,
     发票代码 TEXT COLLATE NOCASE,
     UNIQUE (入库单编号, 票据编号)
