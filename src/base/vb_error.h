@@ -19,6 +19,7 @@ public:
 // Error numbers the windows meet by name.
 inline constexpr long kErrTypeMismatch = 13;       // "类型不匹配"
 inline constexpr long kErrInvalidProcCall = 5;     // "无效的过程调用或参数"
+inline constexpr long kErrOverflow = 6;            // "溢出"
 inline constexpr long kErrSubscriptOutOfRange = 9; // "下标越界"
 inline constexpr long kErrCancel = 32755;          // the save dialog's CancelError
 

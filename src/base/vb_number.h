@@ -15,12 +15,18 @@ namespace quillon {
 std::string Format(double value, std::string_view pattern);
 // Date patterns "yyyy-mm-dd", "yyyymmdd", "yyyymm", "yyyy", "mm", "dd", "yyyy年mm月dd日",
 // "yyyy-mm-dd hh:mm:ss".
+// Date tokens are case-blind ("YYYYMMDD" works too); "mm" after "hh" is minutes.
 std::string Format(const DateTime& value, std::string_view pattern);
+// Text as the old platform formats it: numeric text with a numeric pattern as the number, an
+// ISO date text with a date pattern as the date, anything else (empty text too) unchanged.
+std::string Format(std::string_view text, std::string_view pattern);
 
 // The numeric prefix of the text (blanks skipped, sign, digits, point, exponent); 0 if none.
 double Val(std::string_view text);
 // The whole text must be a number (blanks around allowed), else VbError 13 "类型不匹配".
 double CDbl(std::string_view text);
+// True when CDbl would accept the text.
+bool IsNumeric(std::string_view text);
 // Half to even, like the old platform's CInt / CLng; VbError 6 "溢出" out of range.
 int CInt(double value);
 long long CLng(double value);
