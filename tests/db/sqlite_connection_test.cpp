@@ -149,15 +149,15 @@ TEST(SqliteOpen, FailsWithTheReasonInTheDescription) {
 
 TEST(SqliteTimeout, ALongStatementStopsAtCommandTimeoutAndZeroMeansNoLimit) {
     TempSqliteFile file;
+    file.Exec("CREATE TABLE t (i INTEGER);"
+              "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 2000) "
+              "INSERT INTO t SELECT i FROM n;");
     auto backend = MakeSqliteBackend();
     backend->Open(ConnectionString::Parse(file.SqliteConnectionText()), OpenOptions{});
-    const std::string slow =
-        "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i < 400000000) "
-        "SELECT count(*) FROM n";
     std::vector<Value> row;
     auto started = std::chrono::steady_clock::now();
     try {
-        backend->Execute(slow, 1)->Fetch(row);
+        backend->Execute("SELECT count(*) FROM t a, t b, t c", 1)->Fetch(row); // 8e9 rows
         ADD_FAILURE() << "no timeout";
     } catch (const DbError& e) {
         EXPECT_EQ(e.Number, kAdoErrTimeout);
@@ -165,12 +165,8 @@ TEST(SqliteTimeout, ALongStatementStopsAtCommandTimeoutAndZeroMeansNoLimit) {
     auto waited = std::chrono::steady_clock::now() - started;
     EXPECT_GE(waited, std::chrono::milliseconds(900));
     EXPECT_LT(waited, std::chrono::seconds(5));
-    ASSERT_TRUE(backend
-                    ->Execute("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i < 1000) "
-                              "SELECT count(*) FROM n",
-                              0)
-                    ->Fetch(row));
-    EXPECT_EQ(row[0].AsNumber(), 1000);
+    ASSERT_TRUE(backend->Execute("SELECT count(*) FROM t a, t b WHERE a.i < 100", 0)->Fetch(row));
+    EXPECT_EQ(row[0].AsNumber(), 99 * 2000);
 }
 
 } // namespace
