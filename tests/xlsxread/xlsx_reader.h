@@ -1,0 +1,82 @@
+// xlsx_reader.h — test support: reads a written .xlsx back (cell values and types, resolved
+// formats, merges, column widths, row heights) so that tests check the file, not the writer.
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace quillon::xlsxread {
+
+enum class CellType { Empty, Number, SharedString, InlineString, Boolean, Other };
+
+// One cell's format with every index resolved to what it stands for.
+struct CellFormat {
+    std::string numberFormat = "General"; // the format code, built-in ids resolved
+    std::string fontName;
+    double fontSize = 0;
+    bool bold = false;
+    std::string fillPattern; // "solid", or empty for none
+    std::string fillColor;   // fgColor rgb as written, "FFC0C0FF"; empty when none
+    std::string horizontal;  // "center", "left", "right", …; empty for general
+    std::string vertical;    // "top", "center", …; empty for bottom
+    bool wrap = false;
+    std::string borderLeft, borderTop, borderRight, borderBottom; // "thin", …; empty for none
+};
+
+struct Cell {
+    CellType type = CellType::Empty;
+    double number = 0; // Number, Boolean (0 or 1)
+    std::string text;  // SharedString, InlineString, Other (the raw <v>)
+    int styleIndex = 0;
+    CellFormat format;
+};
+
+struct Area {
+    int firstRow, firstCol, lastRow, lastCol;
+    bool operator==(const Area&) const = default;
+};
+
+struct Column {
+    double width = 0; // as written in the file, padding included
+    bool hidden = false;
+    bool customWidth = false;
+};
+
+struct Row {
+    std::optional<double> height; // ht when customHeight is set
+    bool hidden = false;
+    std::optional<CellFormat> format; // the row's own format (s with customFormat)
+};
+
+struct Sheet {
+    std::string name;
+    std::map<std::pair<int, int>, Cell> cells; // (row, col), 1-based
+    std::vector<Area> merges;
+    std::map<int, Column> columns; // by column number, each <col> range spread out
+    std::map<int, Row> rows;
+    CellFormat defaultFormat; // of a cell the file does not hold, in a row without format
+
+    // The cell at (row, col), or nullptr when the file has no <c> for it.
+    const Cell* Find(int row, int col) const;
+    // The cell's format; a cell the file does not hold has the default format.
+    CellFormat FormatAt(int row, int col) const;
+};
+
+struct Book {
+    std::vector<Sheet> sheets;       // in workbook order
+    std::size_t cellFormatCount = 0; // <cellXfs count>
+    std::vector<CellFormat> cellFormats;
+    const Sheet& First() const { return sheets.at(0); }
+};
+
+// Reads the file; std::runtime_error when it is no readable .xlsx.
+Book ReadXlsx(const std::string& path);
+
+// "B3" → (3, 2); "B3:D5" → area.
+std::pair<int, int> ParseCellRef(const std::string& ref);
+Area ParseAreaRef(const std::string& ref);
+
+} // namespace quillon::xlsxread
