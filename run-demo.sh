@@ -1,0 +1,26 @@
+#!/usr/bin/env bash
+# Installs what the build needs, builds, and starts the program on the demo billing database.
+set -euo pipefail
+cd "$(dirname "$0")"
+
+SUDO=""
+[ "$(id -u)" -eq 0 ] || SUDO="sudo"
+if ! dpkg -s $(grep -v '^#' .ci/packages) >/dev/null 2>&1; then
+  $SUDO apt-get update
+  # shellcheck disable=SC2046
+  $SUDO DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends $(grep -v '^#' .ci/packages)
+fi
+
+cmake -S . -B build -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo
+cmake --build build --parallel "$(nproc)"
+
+if [ -x build/src/quillon ] && [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
+  exec build/src/quillon --demo "$@"
+fi
+
+# No display (or no GUI built): the same windows, headless, on a demo database.
+demo="${XDG_DATA_HOME:-$HOME/.local/share}/Quillon/demo.db"
+mkdir -p "$(dirname "$demo")"
+[ -f "$demo" ] || build/src/quillon-cli demo-db "$demo"
+echo "No display: showing the catalogues of $demo through quillon-cli."
+exec build/src/quillon-cli catalog --db "$demo"
