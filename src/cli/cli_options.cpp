@@ -30,7 +30,8 @@ std::string CliOptions::Require(const std::string& name) const {
     return *v;
 }
 
-long long CliOptions::Number(const std::string& name, long long fallback, long long min, long long max) const {
+long long CliOptions::Number(const std::string& name, long long fallback, long long min,
+                             long long max) const {
     auto v = Get(name);
     if (!v) return fallback;
     long long n = 0;

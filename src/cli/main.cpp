@@ -16,7 +16,8 @@ constexpr const char* kUsage =
     "usage:\n"
     "  quillon-cli demo-db FILE [--invoices N] [--seed S]   write the demo billing database\n"
     "  quillon-cli catalog --db FILE                        print the catalogues the windows load\n"
-    "  quillon-cli start [--config DIR]                     start as the program does, from the settings store\n";
+    "  quillon-cli start [--config DIR]                     start as the program does, from the settings "
+    "store\n";
 
 } // namespace
 
