@@ -16,6 +16,7 @@ struct TypedInput {
 };
 
 // `textFormat`: the cell is formatted "@", where Excel keeps whatever is typed as text.
+// A text starting with "=" stays text: the writers put values, never formulas, into cells.
 TypedInput ReadTypedInput(std::string_view text, bool textFormat = false);
 
 // Excel's serial number of a date in the 1900 date system; nothing before 1900-01-01, where

@@ -61,6 +61,12 @@ CellRange Worksheet::Range(const CellRange& cell1, const CellRange& cell2) {
     return CellRange(this, cell1.area_.Union(cell2.area_));
 }
 
+CellRange Worksheet::Range(int row1, int col1, int row2, int col2) {
+    CheckCell(row1, col1);
+    CheckCell(row2, col2);
+    return CellRange(this, CellArea::Spanning(row1, col1, row2, col2));
+}
+
 CellRange Worksheet::Range(std::string_view address) {
     auto area = CellArea::Parse(address);
     if (!area) Refuse();
@@ -89,8 +95,13 @@ const Worksheet::Cell* Worksheet::Find(int row, int col) const {
 Worksheet::Cell& Worksheet::Touch(RowData& row, int col) {
     auto& cells = row.cells;
     if (cells.empty() || cells.back().col < col) {
+        // Rows of a report are alike: size a new row as wide as the widest so far, so that a
+        // sheet of a million cells does not carry the vectors' growth slack.
+        if (cells.empty()) cells.reserve(rowWidthHint_);
         ++cellCount_;
-        return cells.emplace_back(Cell{col, row.style, {}});
+        Cell& cell = cells.emplace_back(Cell{col, row.style, {}});
+        rowWidthHint_ = std::max(rowWidthHint_, std::min<std::size_t>(cells.size(), kMaxRowWidthHint));
+        return cell;
     }
     auto it =
         std::lower_bound(cells.begin(), cells.end(), col, [](const Cell& c, int k) { return c.col < k; });

@@ -159,6 +159,8 @@ public:
     CellRange Cells(int row, int col);
     // The rectangle spanning both ranges, as Range(Cells(a, b), Cells(c, d)).
     CellRange Range(const CellRange& cell1, const CellRange& cell2);
+    // Range(Cells(row1, col1), Cells(row2, col2)) in one call.
+    CellRange Range(int row1, int col1, int row2, int col2);
     // "A1" or "A1:D5"; VbError 1004 for any other text.
     CellRange Range(std::string_view address);
     SheetColumn Columns(int col);
@@ -203,6 +205,8 @@ private:
     std::vector<CellArea> merges_;
     std::map<int, double> columnWidths_;
     std::size_t cellCount_ = 0;
+    std::size_t rowWidthHint_ = 1;
+    static constexpr std::size_t kMaxRowWidthHint = 64;
 };
 
 } // namespace quillon

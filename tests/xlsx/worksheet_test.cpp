@@ -104,7 +104,7 @@ TEST(Worksheet, MergesThatOverlapBecomeOneAndSingleCellsDoNotMerge) {
     Worksheet& ws = book.Worksheets(1);
     ws.Range("A4:A5").SetMergeCells(true);
     ws.Range("D4:E4").SetMergeCells(true);
-    ws.Range("B4:D4").SetMergeCells(true); // reaches into D4:E4
+    ws.Range(4, 4, 4, 2).SetMergeCells(true); // B4:D4, reaching into D4:E4
     ws.Range("G1:G1").SetMergeCells(true);
 
     ASSERT_EQ(ws.MergedAreas().size(), 2u);
@@ -164,6 +164,7 @@ TEST(Worksheet, RefusedCallsRaiseExcelsError) {
         {"row zero", [](Worksheet& ws) { ws.Cells(0, 1); }, 1004},
         {"column beyond XFD", [](Worksheet& ws) { ws.Cells(1, 16385); }, 1004},
         {"bad address", [](Worksheet& ws) { ws.Range("A0:B2"); }, 1004},
+        {"corner off the sheet", [](Worksheet& ws) { ws.Range(1, 1, 1048577, 1); }, 1004},
         {"unknown alignment", [](Worksheet& ws) { ws.Cells(1, 1).SetHorizontalAlignment(99); }, 1004},
         {"top is no horizontal alignment",
          [](Worksheet& ws) { ws.Cells(1, 1).SetHorizontalAlignment(xlTop); }, 1004},
