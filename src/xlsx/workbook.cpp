@@ -1,6 +1,7 @@
 // workbook.cpp — the workbook and its saving through libxlsxwriter.
 #include "xlsx/workbook.h"
 
+#include <filesystem>
 #include <vector>
 
 #include <xlsxwriter.h>
@@ -10,6 +11,8 @@
 namespace quillon {
 
 namespace {
+
+namespace fs = std::filesystem;
 
 // Formats Excel numbers itself; written by number, as Excel writes them.
 int BuiltinNumberFormat(const std::string& code) {
@@ -199,6 +202,11 @@ void Workbook::SaveAs(std::string_view path) {
     std::string target = PathWithDefaultExtension(path);
     if (path.empty()) throw VbError(kErrXlApplication, "无法保存文件: ");
     auto failed = [&] { return VbError(kErrXlApplication, "无法保存文件: " + target); };
+    // The usual failures are told before libxlsxwriter tries, which would also print them.
+    std::error_code ec;
+    fs::path file(target);
+    fs::path folder = file.has_parent_path() ? file.parent_path() : fs::path(".");
+    if (!fs::is_directory(folder, ec) || fs::is_directory(file, ec)) throw failed();
 
     lxw_workbook_options options{};
     options.constant_memory = LXW_FALSE; // cells are written in any order

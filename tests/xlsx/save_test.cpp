@@ -291,6 +291,7 @@ TEST(SaveAs, FailureRaisesNumberAndDescription) {
         {"missing folder", dir.File("no-such-folder/report"), dir.File("no-such-folder/report.xlsx")},
         {"a folder of that name", dir.File("taken.xlsx"), dir.File("taken.xlsx")},
         {"empty path", "", ""},
+        {"a folder no one may write in, root included", "/proc/quillon-report", "/proc/quillon-report.xlsx"},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.why);

@@ -143,17 +143,6 @@ TEST(Worksheet, RowWrapReachesCellsWrittenBeforeAndAfter) {
     EXPECT_EQ(ws.CellCount(), 2u) << "the row format makes no cells";
 }
 
-TEST(Worksheet, WidthsAndHeightsHaveExcelsDefaults) {
-    Workbook book;
-    Worksheet& ws = book.Worksheets(1);
-    ws.Columns(3).SetColumnWidth(1800 / 110.0);
-    ws.Rows(2).SetRowHeight(30);
-    EXPECT_EQ(ws.Columns(3).ColumnWidth(), 1800 / 110.0);
-    EXPECT_EQ(ws.Columns(4).ColumnWidth(), 8.43);
-    EXPECT_EQ(ws.Rows(2).RowHeight(), 30);
-    EXPECT_EQ(ws.Rows(3).RowHeight(), 15);
-}
-
 TEST(Worksheet, RefusedCallsRaiseExcelsError) {
     struct Case {
         const char* why;
@@ -196,32 +185,6 @@ TEST(Worksheet, LongestTextACellTakesIsAccepted) {
     text += "汉"; // one UTF-16 unit in three bytes
     book.Worksheets(1).Cells(1, 1).SetValue(text);
     EXPECT_EQ(Show(book.Worksheets(1).Cells(1, 1).Value()), Show(text));
-}
-
-TEST(Workbook, HasOneSheet) {
-    Workbook book;
-    EXPECT_EQ(&book.Worksheets(1), &book.ActiveSheet());
-    try {
-        book.Worksheets(2);
-        ADD_FAILURE() << "no error raised";
-    } catch (const VbError& e) {
-        EXPECT_EQ(e.Number, 9);
-    }
-}
-
-TEST(Workbook, ManyCellsShareFewFormats) {
-    Workbook book;
-    Worksheet& ws = book.Worksheets(1);
-    for (int r = 1; r <= 2000; ++r)
-        for (int c = 1; c <= 5; ++c) ws.Cells(r, c).SetValue(r * 1.5 + c);
-    ws.Range(ws.Cells(1, 1), ws.Cells(2000, 5)).SetNumberFormat("#0.00");
-    ws.Range(ws.Cells(1, 1), ws.Cells(2000, 5)).Borders().SetLineStyle(xlContinuous);
-    for (int r = 10; r <= 2000; r += 10)
-        ws.Range(ws.Cells(r, 1), ws.Cells(r, 5)).Interior().SetColor(0xC0E0FF);
-
-    EXPECT_EQ(ws.CellCount(), 10000u);
-    // default; #0.00; #0.00 + borders; #0.00 + borders + fill
-    EXPECT_EQ(book.StyleCount(), 4u);
 }
 
 } // namespace
