@@ -51,26 +51,26 @@ void CheckCell(int row, int col) {
 
 Worksheet::Worksheet(StylePool& styles, std::string name) : styles_(styles), name_(std::move(name)) {}
 
-CellRange Worksheet::Cells(int row, int col) {
+SheetRange Worksheet::Cells(int row, int col) {
     CheckCell(row, col);
-    return CellRange(this, CellArea{row, col, row, col});
+    return SheetRange(this, CellArea{row, col, row, col});
 }
 
-CellRange Worksheet::Range(const CellRange& cell1, const CellRange& cell2) {
+SheetRange Worksheet::Range(const SheetRange& cell1, const SheetRange& cell2) {
     if (cell1.sheet_ != this || cell2.sheet_ != this) Refuse();
-    return CellRange(this, cell1.area_.Union(cell2.area_));
+    return SheetRange(this, cell1.area_.Union(cell2.area_));
 }
 
-CellRange Worksheet::Range(int row1, int col1, int row2, int col2) {
+SheetRange Worksheet::Range(int row1, int col1, int row2, int col2) {
     CheckCell(row1, col1);
     CheckCell(row2, col2);
-    return CellRange(this, CellArea::Spanning(row1, col1, row2, col2));
+    return SheetRange(this, CellArea::Spanning(row1, col1, row2, col2));
 }
 
-CellRange Worksheet::Range(std::string_view address) {
+SheetRange Worksheet::Range(std::string_view address) {
     auto area = CellArea::Parse(address);
     if (!area) Refuse();
-    return CellRange(this, *area);
+    return SheetRange(this, *area);
 }
 
 SheetColumn Worksheet::Columns(int col) {
@@ -228,64 +228,64 @@ bool Worksheet::IsMerged(int row, int col) const {
                        [&](const CellArea& m) { return m.Contains(row, col); });
 }
 
-// ---- CellRange ----
+// ---- SheetRange ----
 
-void CellRange::SetValue(std::string_view text) {
+void SheetRange::SetValue(std::string_view text) {
     sheet_->AssignText(area_, text);
 }
 
-void CellRange::SetValue(double number) {
+void SheetRange::SetValue(double number) {
     sheet_->AssignNumber(area_, number);
 }
 
-CellValue CellRange::Value() const {
+CellValue SheetRange::Value() const {
     const Worksheet::Cell* cell = sheet_->Find(area_.firstRow, area_.firstCol);
     return cell ? cell->value : CellValue{};
 }
 
-void CellRange::SetMergeCells(bool merge) {
+void SheetRange::SetMergeCells(bool merge) {
     if (merge)
         sheet_->Merge(area_);
     else
         sheet_->Unmerge(area_);
 }
 
-bool CellRange::MergeCells() const {
+bool SheetRange::MergeCells() const {
     return sheet_->IsMerged(area_.firstRow, area_.firstCol);
 }
 
-void CellRange::SetHorizontalAlignment(int alignment) {
+void SheetRange::SetHorizontalAlignment(int alignment) {
     if (!IsHorizontalAlignment(alignment)) Refuse();
     sheet_->Restyle(area_, [&](CellStyle& s) { s.horizontalAlignment = alignment; });
 }
 
-int CellRange::HorizontalAlignment() const {
+int SheetRange::HorizontalAlignment() const {
     return sheet_->StyleAt(area_.firstRow, area_.firstCol).horizontalAlignment;
 }
 
-void CellRange::SetVerticalAlignment(int alignment) {
+void SheetRange::SetVerticalAlignment(int alignment) {
     if (!IsVerticalAlignment(alignment)) Refuse();
     sheet_->Restyle(area_, [&](CellStyle& s) { s.verticalAlignment = alignment; });
 }
 
-int CellRange::VerticalAlignment() const {
+int SheetRange::VerticalAlignment() const {
     return sheet_->StyleAt(area_.firstRow, area_.firstCol).verticalAlignment;
 }
 
-void CellRange::SetNumberFormat(std::string_view format) {
+void SheetRange::SetNumberFormat(std::string_view format) {
     std::string code = format.empty() ? "General" : std::string(format);
     sheet_->Restyle(area_, [&](CellStyle& s) { s.numberFormat = code; });
 }
 
-std::string CellRange::NumberFormat() const {
+std::string SheetRange::NumberFormat() const {
     return sheet_->StyleAt(area_.firstRow, area_.firstCol).numberFormat;
 }
 
-void CellRange::SetWrapText(bool wrap) {
+void SheetRange::SetWrapText(bool wrap) {
     sheet_->Restyle(area_, [&](CellStyle& s) { s.wrapText = wrap; });
 }
 
-bool CellRange::WrapText() const {
+bool SheetRange::WrapText() const {
     return sheet_->StyleAt(area_.firstRow, area_.firstCol).wrapText;
 }
 

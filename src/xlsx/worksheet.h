@@ -32,7 +32,7 @@ public:
     bool Bold() const;
 
 private:
-    friend class CellRange;
+    friend class SheetRange;
     RangeFont(Worksheet* sheet, CellArea area) : sheet_(sheet), area_(area) {}
     Worksheet* sheet_;
     CellArea area_;
@@ -45,7 +45,7 @@ public:
     std::optional<long> Color() const; // nothing when the cell has no fill
 
 private:
-    friend class CellRange;
+    friend class SheetRange;
     RangeInterior(Worksheet* sheet, CellArea area) : sheet_(sheet), area_(area) {}
     Worksheet* sheet_;
     CellArea area_;
@@ -59,7 +59,7 @@ public:
     std::optional<int> LineStyle() const;
 
 private:
-    friend class CellRange;
+    friend class SheetRange;
     RangeBorders(Worksheet* sheet, CellArea area) : sheet_(sheet), area_(area) {}
     Worksheet* sheet_;
     CellArea area_;
@@ -68,7 +68,7 @@ private:
 // A rectangle of cells, as Cells() and Range() return it. A light handle: it stays valid as long
 // as its worksheet. Setters apply to every cell of the rectangle (empty cells too) and later
 // settings override earlier ones attribute by attribute; getters read the upper-left cell.
-class CellRange {
+class SheetRange {
 public:
     // Text is read as Excel reads typed input (see typed_input.h); an empty text empties the cell.
     void SetValue(std::string_view text);
@@ -101,7 +101,7 @@ public:
 
 private:
     friend class Worksheet;
-    CellRange(Worksheet* sheet, CellArea area) : sheet_(sheet), area_(area) {}
+    SheetRange(Worksheet* sheet, CellArea area) : sheet_(sheet), area_(area) {}
     Worksheet* sheet_;
     CellArea area_;
 };
@@ -156,13 +156,13 @@ public:
     Worksheet& operator=(const Worksheet&) = delete;
 
     // Cells(row, col), 1-based; VbError 1004 off the sheet.
-    CellRange Cells(int row, int col);
+    SheetRange Cells(int row, int col);
     // The rectangle spanning both ranges, as Range(Cells(a, b), Cells(c, d)).
-    CellRange Range(const CellRange& cell1, const CellRange& cell2);
+    SheetRange Range(const SheetRange& cell1, const SheetRange& cell2);
     // Range(Cells(row1, col1), Cells(row2, col2)) in one call.
-    CellRange Range(int row1, int col1, int row2, int col2);
+    SheetRange Range(int row1, int col1, int row2, int col2);
     // "A1" or "A1:D5"; VbError 1004 for any other text.
-    CellRange Range(std::string_view address);
+    SheetRange Range(std::string_view address);
     SheetColumn Columns(int col);
     SheetRow Rows(int row);
 
@@ -179,7 +179,7 @@ public:
     const CellStyle& StyleAt(int row, int col) const { return styles_.At(StyleIdAt(row, col)); }
 
 private:
-    friend class CellRange;
+    friend class SheetRange;
     friend class RangeFont;
     friend class RangeInterior;
     friend class RangeBorders;
