@@ -345,7 +345,7 @@ void SheetColumn::SetColumnWidth(double width) {
 
 double SheetColumn::ColumnWidth() const {
     auto it = sheet_->columnWidths_.find(col_);
-    return it == sheet_->columnWidths_.end() ? kDefaultColumnWidth : it->second;
+    return it == sheet_->columnWidths_.end() ? kDefaultSheetColumnWidth : it->second;
 }
 
 void SheetRow::SetWrapText(bool wrap) {
@@ -364,7 +364,7 @@ void SheetRow::SetRowHeight(double points) {
 
 double SheetRow::RowHeight() const {
     auto it = sheet_->rows_.find(row_);
-    return it != sheet_->rows_.end() && it->second.height ? *it->second.height : kDefaultRowHeight;
+    return it != sheet_->rows_.end() && it->second.height ? *it->second.height : kDefaultSheetRowHeight;
 }
 
 } // namespace quillon

@@ -135,8 +135,8 @@ private:
     int row_;
 };
 
-inline constexpr double kDefaultColumnWidth = 8.43;
-inline constexpr double kDefaultRowHeight = 15.0;
+inline constexpr double kDefaultSheetColumnWidth = 8.43;
+inline constexpr double kDefaultSheetRowHeight = 15.0;
 
 class Worksheet {
 public:
