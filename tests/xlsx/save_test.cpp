@@ -6,7 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "base/vb_error.h"
-#include "temp_dir.h"
+#include "support/temp_dir.h"
 #include "xlsx/workbook.h"
 #include "xlsxread/xlsx_reader.h"
 
