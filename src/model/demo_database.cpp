@@ -424,6 +424,8 @@ enum class Scenario {
     ModeWeChatPay,
     ModeNotInList,
     PayerLineBreak,
+    FundReceipt,
+    ModeCash,
     SameNumberTwoLots,
 };
 
@@ -461,6 +463,7 @@ public:
     void NumberInvoices();
 
     Rng rng_;
+    int monthlyLines_ = 0, onlineParking_ = 0;
     std::vector<OfficeState> offices_;
     std::vector<Draft> drafts_;
     std::vector<std::size_t> order_;                // draft indexes by ID
@@ -494,14 +497,14 @@ private:
     int PickOffice();
     int PickType(int office, int day);
     void SetPayer(Draft& d);
-    std::vector<Line> MakeLines(int office, int type, int day, PayerKind& kind, int& ref);
+    std::vector<Line> MakeLines(int office, int type, int day, int firstItem, PayerKind& kind, int& ref);
     Line MakeLine(int office, int type, int item, int day, int area);
     void SetPayment(Draft& d, Scenario s);
     std::size_t Add(Draft d) {
         drafts_.push_back(std::move(d));
         return drafts_.size() - 1;
     }
-    Draft Fresh(int office, int day, int type = -1);
+    Draft Fresh(int office, int day, int type = -1, int firstItem = -1);
     Draft Copy(const Draft& from, int day) const;
     void Make(Scenario s, int office, int day, int remaining);
     std::string Address(const Building& b, const std::string& room) const;
@@ -728,12 +731,12 @@ Line DemoBuilder::MakeLine(int office, int type, int item, int day, int area) {
         for (int i = 0; i < k; ++i) line.months.push_back(first + i);
         line.amount = monthly * k;
         // Month lists end in a comma as the counter program writes them; a few old rows lack it,
-        // and some lines carry no summary at all.
-        const double form = rng_.Real();
-        if (form < 0.93) {
+        // and some lines carry no summary at all. A counter, not chance, keeps both in small files.
+        const int form = monthlyLines_++ % 15;
+        if (form != 8) {
             std::string s;
             for (int m : line.months) s += YearMonthText(m) + ",";
-            if (form >= 0.85) s.pop_back();
+            if (form == 5 || form == 12) s.pop_back();
             line.summary = s;
         }
     } else {
@@ -749,13 +752,15 @@ Line DemoBuilder::MakeLine(int office, int type, int item, int day, int area) {
     return line;
 }
 
-std::vector<Line> DemoBuilder::MakeLines(int office, int type, int day, PayerKind& kind, int& ref) {
+std::vector<Line> DemoBuilder::MakeLines(int office, int type, int day, int firstItem, PayerKind& kind,
+                                         int& ref) {
     OfficeState& st = offices_[office];
     const bool receipt = kTypes[type].kind == std::string("收据");
     const auto& items = receipt ? st.receiptItems : st.invoiceItems;
     const auto& weights = receipt ? st.receiptWeights : st.invoiceWeights;
     int first = items[static_cast<std::size_t>(rng_.Weighted(weights))];
     if (type == kFixed) first = kParkTemp; // fixed-value books are for short-stay parking only
+    if (firstItem >= 0) first = firstItem;
 
     // Who pays follows from the first item.
     int area = static_cast<int>(rng_.Int(60, 180));
@@ -818,13 +823,13 @@ void DemoBuilder::SetPayer(Draft& d) {
     }
 }
 
-Draft DemoBuilder::Fresh(int office, int day, int type) {
+Draft DemoBuilder::Fresh(int office, int day, int type, int firstItem) {
     Draft d;
     d.office = office;
     d.issueDay = std::min(day, offices_[office].endDay);
     d.issueSecond = static_cast<int>(rng_.Int(8 * 3600 + 1800, 18 * 3600));
     d.type = type >= 0 ? type : PickType(office, d.issueDay);
-    d.lines = MakeLines(office, d.type, d.issueDay, d.payerKind, d.payerRef);
+    d.lines = MakeLines(office, d.type, d.issueDay, firstItem, d.payerKind, d.payerRef);
     SetPayer(d);
     const OfficeState& st = offices_[office];
     d.taker = rng_.Pick(st.takers);
@@ -860,8 +865,9 @@ void DemoBuilder::SetPayment(Draft& d, Scenario s) {
     case Scenario::PaidLaterFlagged:
     case Scenario::PaidLaterUnflagged: {
         d.preInvoice = s == Scenario::PaidLaterFlagged ? 1 : 0;
-        const int paid = LastDayOfMonth(day) + static_cast<int>(rng_.Int(1, 120));
-        if (paid <= kCutDay) d.paidDay = paid; // else still outstanding when the data were taken
+        // Paid within four months, and by the day the data were taken.
+        const int monthEnd = LastDayOfMonth(day);
+        d.paidDay = monthEnd + static_cast<int>(rng_.Int(1, std::min(120, kCutDay - monthEnd)));
         break;
     }
     case Scenario::NeverPaidFlagged:
@@ -885,9 +891,9 @@ void DemoBuilder::SetPayment(Draft& d, Scenario s) {
     } else {
         d.paidSecond = -1;
     }
-    // Online parking payments carry the payment platform's order number, most of the time.
+    // Online parking payments carry the payment platform's order number, nine times in ten.
     const bool parking = IsParkingItem(d.lines[0].item);
-    if (parking && d.paidDay && IsOnline(d.mode) && rng_.Chance(0.9)) {
+    if (parking && d.paidDay && IsOnline(d.mode) && onlineParking_++ % 10 != 1) {
         d.orderNo = *d.mode == "支付宝" ? IsoDate(*d.paidDay).substr(0, 4) + Digits(rng_, 24)
                                         : "4200" + Digits(rng_, 24);
     } else {
@@ -912,10 +918,16 @@ void DemoBuilder::Make(Scenario s, int office, int day, int remaining) {
     if (s == Scenario::ReplaceSpecialByFullE) type = kSpecial;
     if (s == Scenario::ReplaceOrdinaryByFullE || s == Scenario::SameNumberTwoLots) type = kOrdinary;
     if (s == Scenario::NullTaxLine) type = kOrdinary;
-    Draft d = Fresh(office, day, type);
+    int firstItem = -1;
+    if (s == Scenario::FundReceipt && kOffices[office].kind == OfficeKind::Residential) {
+        type = kReceipt; // the maintenance fund is taken on receipts, by estates only
+        firstItem = kFund;
+    }
+    Draft d = Fresh(office, day, type, firstItem);
     if (s == Scenario::ModeWeChat) d.mode = "微信";
     if (s == Scenario::ModeWeChatPay) d.mode = "微信支付";
     if (s == Scenario::ModeNotInList) d.mode = "代金券";
+    if (s == Scenario::ModeCash) d.mode = "现金";
     SetPayment(d, s);
 
     switch (s) {
@@ -1021,7 +1033,9 @@ void DemoBuilder::BuildInvoices(int count) {
                             Scenario::ModeWeChat,
                             Scenario::ModeWeChatPay,
                             Scenario::ModeNotInList,
-                            Scenario::PayerLineBreak};
+                            Scenario::PayerLineBreak,
+                            Scenario::FundReceipt,
+                            Scenario::ModeCash};
     for (Scenario s : all)
         for (int o : showOffices) showcase.push_back({s, o});
     showcase.push_back({Scenario::SameNumberTwoLots, 0});
@@ -1416,13 +1430,16 @@ void DemoWriter::WriteInvoices() {
 std::int64_t DemoWriter::NewVoucher(int day, bool refund, const std::string& mode) {
     Voucher v{static_cast<std::int64_t>(vouchers_.size()) + 1, std::nullopt, 0, refund ? "退款" : mode};
     const int approveDay = day + static_cast<int>(b_.rng_.Int(1, 6));
-    const double r = b_.rng_.Real();
-    if (approveDay <= kCutDay && r < 0.88) { // approved
+    // Most vouchers are approved; a steady few wait or are turned down.
+    const std::size_t n = vouchers_.size();
+    if (approveDay > kCutDay || n % 13 == 7) {
+        // still waiting for approval
+    } else if (n % 23 == 4) { // looked at and turned down
+        v.approved = IsoDate(approveDay);
+    } else {
         v.approved = IsoDate(approveDay);
         v.agreed = 1;
-    } else if (approveDay <= kCutDay && r < 0.92) { // looked at and turned down
-        v.approved = IsoDate(approveDay);
-    } // else still waiting for approval
+    }
     vouchers_.push_back(v);
     return v.id;
 }
