@@ -41,6 +41,7 @@ public:
     int Children() const { return static_cast<int>(children_.size()); }
     // Relatives; nullptr where the old tree answered Nothing.
     TreeNode* Child() const { return children_.empty() ? nullptr : children_.front(); }
+    const std::vector<TreeNode*>& ChildNodes() const { return children_; } // in tree order
     TreeNode* Parent() const { return parent_; }
     TreeNode* FirstSibling() const;
     TreeNode* LastSibling() const;
@@ -97,6 +98,7 @@ public:
         };
         iterator begin() const { return {begin_}; }
         iterator end() const { return {end_}; }
+        int Count() const { return static_cast<int>(end_ - begin_); }
 
     private:
         friend class TreeView;

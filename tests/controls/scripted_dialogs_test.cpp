@@ -55,14 +55,6 @@ TEST(ScriptedDialogs, AnAnswerTheBoxDoesNotOfferIsATestMistake) {
     EXPECT_THROW(dialogs.MsgBox("?", "", vbYesNo), std::logic_error);
 }
 
-TEST(ScriptedDialogs, MessageShownLetsTheCliEchoBoxes) {
-    ScriptedDialogs dialogs;
-    std::string echoed;
-    dialogs.MessageShown.Connect([&](const RecordedMessage& m) { echoed = m.Title + ": " + m.Text; });
-    dialogs.MsgBox("无汇总数据导出！", "系统提示", vbInformation);
-    EXPECT_EQ(echoed, "系统提示: 无汇总数据导出！");
-}
-
 TEST(ScriptedDialogs, SaveDialogChoiceAndCancel) {
     struct Case {
         const char* why;
@@ -105,13 +97,6 @@ TEST(ScriptedDialogs, SaveDialogChoiceAndCancel) {
     }
 }
 
-TEST(ScriptedDialogs, UnscriptedSaveDialogCancels) {
-    ScriptedDialogs dialogs;
-    CommonDialogState state;
-    state.CancelError = true;
-    EXPECT_THROW(dialogs.ShowSave(state), VbError);
-}
-
 TEST(ScriptedDialogs, RuntimeErrorThrowsInsteadOfEndingTheProcess) {
     ScriptedDialogs dialogs;
     try {
@@ -123,13 +108,6 @@ TEST(ScriptedDialogs, RuntimeErrorThrowsInsteadOfEndingTheProcess) {
     ASSERT_EQ(dialogs.RuntimeErrors().size(), 1u);
     EXPECT_EQ(dialogs.RuntimeErrors()[0], "运行时错误 '13':\n\n类型不匹配");
     EXPECT_THROW(dialogs.EndProgram(), ProgramEnded);
-}
-
-TEST(ScriptedDialogs, CountsYields) {
-    ScriptedDialogs dialogs;
-    dialogs.Yield();
-    dialogs.Yield();
-    EXPECT_EQ(dialogs.YieldCount(), 2);
 }
 
 } // namespace
