@@ -1,0 +1,380 @@
+// The main window: menu routing to default instances, the two ways out, the banner strip and
+// the background picture, CenterForm, and the About box.
+#include "shell/main_window.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <set>
+
+#include "base/vb_error.h"
+#include "controls/flex_grid.h"
+#include "controls/scripted_dialogs.h"
+#include "program_version.h"
+#include "shell/about_window.h"
+#include "shell/app_session.h"
+#include "shell/placeholder_window.h"
+
+namespace quillon {
+namespace {
+
+// A report window with a grid, standing in for a real one: it counts its loads, so a test sees
+// whether the router made a fresh instance.
+class GridWindow : public Form {
+public:
+    explicit GridWindow(int& loads) : Form("frm票据核对表", "开票票据核对表"), loads_(loads) {
+        AddControl(MSFlexGrid1);
+    }
+    FlexGrid MSFlexGrid1{"MSFlexGrid1"};
+
+protected:
+    void Form_Load() override {
+        ++loads_;
+        MSFlexGrid1.SetRows(2);
+    }
+
+private:
+    int& loads_;
+};
+
+// A program folder of its own, with or without MDI.BMP.
+class TempFolder {
+public:
+    TempFolder() {
+        path_ = std::filesystem::temp_directory_path() /
+                ("quillon-mdi-" + std::to_string(reinterpret_cast<std::uintptr_t>(this)));
+        std::filesystem::create_directories(path_);
+    }
+    ~TempFolder() { std::filesystem::remove_all(path_); }
+    std::string Path() const { return path_.string(); }
+    void AddFile(const char* name) { std::ofstream(path_ / name) << "BM"; }
+
+private:
+    std::filesystem::path path_;
+};
+
+struct Frame {
+    AppSession session;
+    ScriptedDialogs dialogs;
+    TempFolder folder;
+    MDIForm1 mdi{session, dialogs, folder.Path()};
+    int gridLoads = 0;
+
+    Frame() {
+        mdi.Windows.Register("frm票据核对表", [this](AppSession&, Dialogs&) {
+            return std::make_unique<GridWindow>(gridLoads);
+        });
+        mdi.Show();
+        mdi.SetClientSize(15000, 9000);
+    }
+    GridWindow* Recon() { return dynamic_cast<GridWindow*>(mdi.Windows.Find("frm票据核对表")); }
+};
+
+} // namespace
+
+void PrintTo(const BannerCopy& c, std::ostream* os) {
+    *os << "{from " << c.sourceLeft << ", " << c.width << " wide, to " << c.destLeft << "}";
+}
+
+namespace {
+
+std::vector<std::string> CaptionsOf(const std::vector<MenuEntry*>& entries) {
+    std::vector<std::string> captions;
+    for (const MenuEntry* e : entries) captions.push_back(e->Caption());
+    return captions;
+}
+
+TEST(MainWindow, CaptionAndMenuTree) {
+    Frame f;
+    EXPECT_EQ(f.mdi.Caption(), "Quillon收费报表");
+    using Texts = std::vector<std::string>;
+    EXPECT_EQ(CaptionsOf(f.mdi.Menus()), (Texts{"统计报表", "退出系统", "关于"}));
+    EXPECT_EQ(CaptionsOf(f.mdi.统计报表.Children()),
+              (Texts{"停车费明细表", "增值税开票明细表", "增值税预开明细表", "开票票据核对表",
+                     "增值税开票统计汇总表", "-", "预开票汇总表"}));
+    EXPECT_EQ(CaptionsOf(f.mdi.退出系统.Children()), (Texts{"退出"}));
+    EXPECT_EQ(CaptionsOf(f.mdi.关于.Children()), (Texts{"关于软件", "联系我们"}));
+    EXPECT_TRUE(f.mdi.mnuSeparator.IsSeparator());
+    EXPECT_FALSE(f.mdi.mnuSeparator.Click()) << "a separator is no entry";
+}
+
+TEST(MainWindow, EachReportEntryOpensItsWindow) {
+    Frame f;
+    struct Case {
+        const char* entry;
+        const char* window;
+    } cases[] = {
+        {"停车费明细表", "frm停车费明细表New"},
+        {"增值税开票明细表", "frm票据开票明细表New"},
+        {"增值税预开明细表", "frm票据预开明细表New"},
+        {"开票票据核对表", "frm票据核对表"},
+        {"增值税开票统计汇总表", "frm部门开票分税率统计表"},
+        {"预开票汇总表", "frm预开票汇总表"},
+        {"关于软件", "frmAbout"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.entry);
+        ASSERT_NE(f.mdi.FindMenu(c.entry), nullptr);
+        EXPECT_TRUE(f.mdi.FindMenu(c.entry)->Click());
+        Form* window = f.mdi.Windows.Find(c.window);
+        ASSERT_NE(window, nullptr);
+        EXPECT_EQ(window->Name(), c.window);
+        EXPECT_TRUE(window->IsLoaded());
+        EXPECT_TRUE(window->Visible());
+    }
+    EXPECT_EQ(f.mdi.Windows.OpenWindows().size(), 7u) << "several windows stand open together";
+    EXPECT_TRUE(f.dialogs.Messages().empty());
+}
+
+TEST(MainWindow, ReportsNotBuiltYetOpenAPlaceholderThatSaysSo) {
+    Frame f;
+    f.mdi.预开票汇总表.Click();
+    auto* placeholder = dynamic_cast<PlaceholderReportForm*>(f.mdi.Windows.Find("frm预开票汇总表"));
+    ASSERT_NE(placeholder, nullptr);
+    EXPECT_EQ(placeholder->Caption(), "预开票汇总表");
+    EXPECT_NE(placeholder->Label1.Caption().find("尚未完成"), std::string::npos)
+        << placeholder->Label1.Caption();
+    placeholder->Command1.Click();
+    EXPECT_EQ(f.mdi.Windows.Find("frm预开票汇总表"), nullptr) << "its 退出 closes it";
+}
+
+TEST(MainWindow, SecondClickBringsTheSameWindowForwardWithItsGrid) {
+    Frame f;
+    f.mdi.开票票据核对表.Click();
+    GridWindow* recon = f.Recon();
+    ASSERT_NE(recon, nullptr);
+    recon->MSFlexGrid1.SetRows(40);
+    recon->MSFlexGrid1.SetTextMatrix(39, 1, "合计");
+    f.mdi.关于软件.Click(); // another window in front
+    Form* about = f.mdi.Windows.Find("frmAbout");
+    ASSERT_NE(about, nullptr);
+    EXPECT_GT(about->ZLevel(), recon->ZLevel());
+
+    f.mdi.开票票据核对表.Click();
+    EXPECT_EQ(f.Recon(), recon) << "the same instance";
+    EXPECT_EQ(f.gridLoads, 1) << "not loaded again";
+    EXPECT_EQ(recon->MSFlexGrid1.Rows(), 40);
+    EXPECT_EQ(recon->MSFlexGrid1.TextMatrix(39, 1), "合计");
+    EXPECT_GT(recon->ZLevel(), about->ZLevel()) << "brought to the front";
+}
+
+TEST(MainWindow, ClosedWindowOpensFreshOnTheNextClick) {
+    Frame f;
+    f.mdi.开票票据核对表.Click();
+    f.Recon()->MSFlexGrid1.SetRows(40);
+    EXPECT_TRUE(f.Recon()->Close());
+    EXPECT_EQ(f.Recon(), nullptr);
+
+    f.mdi.开票票据核对表.Click();
+    ASSERT_NE(f.Recon(), nullptr);
+    EXPECT_EQ(f.gridLoads, 2) << "a new instance, loaded anew";
+    EXPECT_EQ(f.Recon()->MSFlexGrid1.Rows(), 2) << "nothing of the closed one is kept";
+}
+
+TEST(MainWindow, CreatedIsRaisedBeforeLoad) {
+    Frame f;
+    int loadsSeen = -1;
+    f.mdi.Windows.Created.Connect([&](Form& form) {
+        EXPECT_FALSE(form.IsLoaded());
+        loadsSeen = f.gridLoads;
+    });
+    f.mdi.开票票据核对表.Click();
+    EXPECT_EQ(loadsSeen, 0);
+    EXPECT_EQ(f.gridLoads, 1);
+}
+
+TEST(MainWindow, ContactEntryDoesNothing) {
+    Frame f;
+    EXPECT_TRUE(f.mdi.联系我们.Click());
+    EXPECT_TRUE(f.mdi.Windows.OpenWindows().empty());
+    EXPECT_TRUE(f.dialogs.Messages().empty());
+}
+
+TEST(MainWindow, CloseBoxAnsweredNoKeepsEverything) {
+    Frame f;
+    f.mdi.开票票据核对表.Click();
+    f.Recon()->MSFlexGrid1.SetRows(12);
+    f.dialogs.QueueAnswer(vbNo);
+    EXPECT_FALSE(f.mdi.Close());
+    ASSERT_EQ(f.dialogs.Messages().size(), 1u);
+    const RecordedMessage& box = f.dialogs.Messages()[0];
+    EXPECT_EQ(box.Text, "确认要退出系统吗？");
+    EXPECT_EQ(box.Title, "") << "the program's default title";
+    EXPECT_EQ(box.Flags, vbYesNo + vbInformation);
+    EXPECT_TRUE(f.mdi.Visible());
+    ASSERT_NE(f.Recon(), nullptr);
+    EXPECT_EQ(f.Recon()->MSFlexGrid1.Rows(), 12);
+}
+
+TEST(MainWindow, CloseBoxAnsweredYesEndsTheProgram) {
+    Frame f;
+    f.dialogs.QueueAnswer(vbYes);
+    EXPECT_THROW(f.mdi.Close(), ProgramEnded);
+    EXPECT_EQ(f.dialogs.Messages().size(), 1u);
+}
+
+TEST(MainWindow, ExitEntryEndsWithoutAQuestion) {
+    Frame f;
+    f.mdi.开票票据核对表.Click();
+    EXPECT_THROW(f.mdi.退出.Click(), ProgramEnded);
+    EXPECT_TRUE(f.dialogs.Messages().empty());
+}
+
+TEST(MainWindow, BannerStripsAndEndPiece) {
+    struct Case {
+        const char* why;
+        int scaleWidth;
+        std::vector<BannerCopy> copies;
+    } cases[] = {
+        {"narrower than the bitmap: only the end piece", 12000, {{8850, 4000, 8000}}},
+        {"exactly the bitmap's width", 12850, {{8850, 4000, 8850}}},
+        {"9150 would be the first strip, but the end piece starts there", 13150, {{8850, 4000, 9150}}},
+        {"one twip more: one strip", 13151, {{8850, 300, 9150}, {8850, 4000, 9151}}},
+        {"four strips: 10050 is still left of 10300, 10350 is not",
+         14300,
+         {{8850, 300, 9150}, {8850, 300, 9450}, {8850, 300, 9750}, {8850, 300, 10050}, {8850, 4000, 10300}}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.why);
+        EXPECT_EQ(BannerCopies(c.scaleWidth), c.copies);
+    }
+}
+
+TEST(MainWindow, BannerFollowsTheWindowWidth) {
+    Frame f;
+    EXPECT_EQ(f.mdi.Picture1.Width(), 15000);
+    EXPECT_EQ(f.mdi.Picture1.Height(), kBannerHeight);
+    // 15000 - 4000 = 11000: strips at 9150 … 10950 (i = 1 … 7), then the end piece at 11000.
+    ASSERT_EQ(f.mdi.BannerOps().size(), 8u);
+    EXPECT_EQ(f.mdi.BannerOps()[6], (BannerCopy{8850, 300, 10950}));
+    EXPECT_EQ(f.mdi.BannerOps().back(), (BannerCopy{8850, 4000, 11000}));
+    f.mdi.SetClientSize(9000, 6000);
+    EXPECT_EQ(f.mdi.BannerOps(), (std::vector<BannerCopy>{{8850, 4000, 5000}}));
+}
+
+TEST(MainWindow, BackgroundIsTheProgramFoldersPictureStretched) {
+    Frame f;
+    EXPECT_FALSE(f.mdi.Picture().has_value()) << "no MDI.BMP: the background stays empty";
+    f.folder.AddFile("MDI.BMP");
+    f.mdi.SetClientSize(12000, 8000);
+    ASSERT_TRUE(f.mdi.Picture().has_value());
+    EXPECT_EQ(f.mdi.Picture()->File, (std::filesystem::path(f.folder.Path()) / "MDI.BMP").string());
+    EXPECT_EQ(f.mdi.Picture()->Width, 12000);
+    EXPECT_EQ(f.mdi.Picture()->Height, 8000);
+}
+
+TEST(MainWindow, CenterFormHalvesTheDifference) {
+    struct Case {
+        const char* why;
+        int frameWidth, frameHeight, width, height;
+        int left, top;
+    } cases[] = {
+        {"smaller window", 9000, 6000, 6000, 4000, 1500, 1000},
+        {"odd difference is cut toward zero", 9001, 6001, 6000, 4000, 1500, 1000},
+        {"window larger than the frame goes negative", 6000, 4000, 7000, 5000, -500, -500},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.why);
+        AppSession session;
+        ScriptedDialogs dialogs;
+        MDIForm1 mdi(session, dialogs, "");
+        mdi.SetClientSize(c.frameWidth, c.frameHeight);
+        Form window("w", "w");
+        window.Move(123, 456, c.width, c.height);
+        CenterForm(window, mdi);
+        EXPECT_EQ(window.Left(), c.left);
+        EXPECT_EQ(window.Top(), c.top);
+        EXPECT_EQ(window.Width(), c.width);
+        EXPECT_EQ(window.Height(), c.height);
+    }
+}
+
+TEST(AboutBox, CaptionsVersionAndCompany) {
+    Frame f;
+    f.session.CompanyDisplayName = "某某物业管理有限公司";
+    f.session.CompanyDisplayNameEng = "Mou Mou Property Co.";
+    f.mdi.关于软件.Click();
+    auto* about = dynamic_cast<frmAbout*>(f.mdi.Windows.Find("frmAbout"));
+    ASSERT_NE(about, nullptr);
+    struct Case {
+        const char* control;
+        std::string caption;
+    } cases[] = {
+        {"Label7", std::string("系统信息设置系统") + QUILLON_PROJECT_VERSION},
+        {"lblTitle", "Quillon的一部分"},
+        {"Label4", "某某物业管理有限公司"},
+        {"Label5", "Mou Mou Property Co."},
+        {"lblVersion", "版本"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.control);
+        auto* label = dynamic_cast<Label*>(about->FindControl(c.control));
+        ASSERT_NE(label, nullptr);
+        EXPECT_EQ(label->Caption(), c.caption);
+    }
+    EXPECT_EQ(about->Caption(), "关于Quillon");
+    EXPECT_EQ(about->cmdOK.Caption(), "确定");
+    EXPECT_EQ(about->cmdSysInfo.Caption(), "系统信息");
+    for (const Label* own : {&about->Label1, &about->Label2, &about->Label3, &about->lblDisclaimer})
+        EXPECT_FALSE(own->Caption().empty()) << own->Name();
+    // Centred in the frame's 15000 × 9000 client area.
+    EXPECT_EQ(about->Left(), (15000 - about->Width()) / 2);
+    EXPECT_EQ(about->Top(), (9000 - about->Height()) / 2);
+}
+
+TEST(AboutBox, SystemInformationIsNotAvailableAndOkCloses) {
+    Frame f;
+    f.mdi.关于软件.Click();
+    auto* about = dynamic_cast<frmAbout*>(f.mdi.Windows.Find("frmAbout"));
+    ASSERT_NE(about, nullptr);
+    about->cmdSysInfo.Click();
+    ASSERT_EQ(f.dialogs.Messages().size(), 1u);
+    EXPECT_EQ(f.dialogs.Messages()[0].Text, "此时系统信息不可用");
+    about->cmdOK.Click();
+    EXPECT_EQ(f.mdi.Windows.Find("frmAbout"), nullptr);
+}
+
+TEST(WindowRouter, UnknownWindowIsAProgrammingError) {
+    AppSession session;
+    ScriptedDialogs dialogs;
+    WindowRouter router(session, dialogs);
+    EXPECT_THROW(router.Open("frm不存在"), std::logic_error);
+}
+
+TEST(WindowRouter, FailedLoadKeepsNoInstance) {
+    class Failing : public Form {
+    public:
+        Failing() : Form("frmFail", "x") {}
+
+    protected:
+        void Form_Load() override { throw VbError(5, "无效的过程调用或参数"); }
+    };
+    AppSession session;
+    ScriptedDialogs dialogs;
+    WindowRouter router(session, dialogs);
+    router.Register("frmFail", [](AppSession&, Dialogs&) { return std::make_unique<Failing>(); });
+    EXPECT_THROW(router.Open("frmFail"), VbError);
+    EXPECT_EQ(router.Find("frmFail"), nullptr);
+}
+
+TEST(WindowRouter, UnloadingTwiceIsHarmless) {
+    AppSession session;
+    ScriptedDialogs dialogs;
+    WindowRouter router(session, dialogs);
+    int made = 0;
+    router.Register("w", [&made](AppSession&, Dialogs&) {
+        ++made;
+        return std::make_unique<Form>("w", "w");
+    });
+    Form& first = router.Open("w");
+    first.Unload();
+    first.Unload();
+    EXPECT_EQ(router.Find("w"), nullptr);
+    router.Open("w");
+    EXPECT_NE(router.Find("w"), nullptr);
+    EXPECT_EQ(made, 2);
+}
+
+} // namespace
+} // namespace quillon
