@@ -99,6 +99,12 @@ constexpr int kLastDay = DaysFromCivil(2025, 12, 31);
 // The day the data were taken: nothing happened after it.
 constexpr int kCutDay = DaysFromCivil(2026, 1, 10);
 
+// Day of an ISO date text "yyyy-mm-dd".
+int DayOf(const char* iso) {
+    const std::string t(iso);
+    return DaysFromCivil(std::stoi(t.substr(0, 4)), std::stoi(t.substr(5, 2)), std::stoi(t.substr(8, 2)));
+}
+
 std::string IsoDate(int day) {
     const Civil c = CivilFromDays(day);
     char buf[16];
@@ -522,20 +528,10 @@ void DemoBuilder::BuildProperty() {
     for (int o = 0; o < kOfficeCount; ++o) {
         const OfficeDef& def = kOffices[o];
         OfficeState& st = offices_[o];
-        if (def.ended) {
-            const int y = std::stoi(std::string(def.ended, 4));
-            const int m = std::stoi(std::string(def.ended + 5, 2));
-            const int d = std::stoi(std::string(def.ended + 8, 2));
-            st.endDay = DaysFromCivil(y, m, d);
-        }
-        for (const auto& dept : kDepartments) {
-            if (std::string(dept.code) == def.dept && dept.ended) {
-                const int y = std::stoi(std::string(dept.ended, 4));
-                const int m = std::stoi(std::string(dept.ended + 5, 2));
-                const int d = std::stoi(std::string(dept.ended + 8, 2));
-                st.endDay = std::min(st.endDay, DaysFromCivil(y, m, d));
-            }
-        }
+        if (def.ended) st.endDay = DayOf(def.ended);
+        for (const auto& dept : kDepartments)
+            if (std::string(dept.code) == def.dept && dept.ended)
+                st.endDay = std::min(st.endDay, DayOf(dept.ended));
         for (int i = 0; i < 3; ++i) st.takers.push_back(PersonName(rng_));
         for (int i = 0; i < 2; ++i) st.writers.push_back(PersonName(rng_));
 
@@ -910,9 +906,8 @@ void DemoBuilder::Make(Scenario s, int office, int day, int remaining) {
     if (pair && remaining < 2) s = Scenario::Ordinary;
     const int end = offices_[office].endDay;
     if (day > end) day = static_cast<int>(rng_.Int(kFirstDay, end));
-    // A partner comes some days later, so leave it room before the year ends.
-    const bool later = pair && s != Scenario::SameNumberTwoLots;
-    if (later && day > end - 40) day = static_cast<int>(rng_.Int(kFirstDay, end - 40));
+    // A partner comes up to a month later, so leave it room before the office or the year ends.
+    if (pair && day > end - 40) day = static_cast<int>(rng_.Int(kFirstDay, end - 40));
 
     int type = -1;
     if (s == Scenario::ReplaceSpecialByFullE) type = kSpecial;
