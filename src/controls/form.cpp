@@ -78,6 +78,8 @@ void Form::Unload() {
     Unloaded.Raise();
 }
 
-void Form::AddControl(Control& control, Control* container) { children_.push_back(Child{&control, container}); }
+void Form::AddControl(Control& control, Control* container) {
+    children_.push_back(Child{&control, container});
+}
 
 } // namespace quillon
