@@ -17,7 +17,10 @@ constexpr const char* kUsage =
     "  quillon-cli demo-db FILE [--invoices N] [--seed S]   write the demo billing database\n"
     "  quillon-cli catalog --db FILE                        print the catalogues the windows load\n"
     "  quillon-cli start [--config DIR]                     start as the program does, from the settings "
-    "store\n";
+    "store\n"
+    "  quillon-cli run recon --db FILE --form 票据核对表|票据核对表New --dept CODE [--office CODE]\n"
+    "                    --year YYYY --from MM --to MM [--tsv FILE] [--sql-log FILE]\n"
+    "                                                       run a report window, print its grid as TSV\n";
 
 } // namespace
 
@@ -32,6 +35,7 @@ int main(int argc, char** argv) {
         {"demo-db", RunDemoDbCommand},
         {"catalog", RunCatalogCommand},
         {"start", RunStartCommand},
+        {"run", RunRunCommand},
     };
     auto command = commands.find(args[0]);
     if (command == commands.end()) {

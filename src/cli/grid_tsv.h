@@ -1,0 +1,19 @@
+// grid_tsv.h — quillon-cli: a grid as tab-separated text, one line per grid row, the fixed header
+// rows included, for every report the CLI runs.
+#pragma once
+
+#include <ostream>
+#include <string>
+
+namespace quillon {
+
+class FlexGrid;
+
+// One cell as it goes into a line: tabs and line breaks inside it become blanks, so that a line
+// stays one grid row.
+std::string TsvCell(const std::string& text);
+
+// Rows firstRow..lastRow (-1: to the last row), cells joined by TAB, each row ended by "\n".
+void WriteGridTsv(const FlexGrid& grid, std::ostream& out, int firstRow = 0, int lastRow = -1);
+
+} // namespace quillon

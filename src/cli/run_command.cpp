@@ -1,0 +1,73 @@
+// quillon-cli run REPORT …: drives a report window as a user would and prints its grid.
+#include <cstdio>
+#include <iostream>
+#include <map>
+
+#include "cli/cli_commands.h"
+#include "cli/grid_tsv.h"
+#include "cli/run_reports.h"
+#include "controls/scripted_dialogs.h"
+#include "db/connection.h"
+
+namespace quillon {
+
+namespace {
+
+using ReportDriver = int (*)(const std::vector<std::string>&);
+
+const std::map<std::string, ReportDriver>& Reports() {
+    static const std::map<std::string, ReportDriver> reports = {
+        {"recon", RunReconReport},
+    };
+    return reports;
+}
+
+} // namespace
+
+ReportSession::ReportSession(const CliOptions& options) {
+    session_.DbConnection = std::make_unique<Connection>();
+    Connection& conn = *session_.DbConnection;
+    session_.ConnectionText = "Provider=SQLite;Data Source='" + options.Require("db") + "'";
+    conn.ConnectionString = session_.ConnectionText;
+    if (auto path = options.Get("sql-log")) {
+        sqlLog_ = std::make_shared<std::ofstream>(*path, std::ios::out | std::ios::trunc);
+        if (!*sqlLog_) throw std::runtime_error("cannot write " + *path);
+        auto log = sqlLog_;
+        conn.OnStatement = [log](const std::string& sql) { *log << sql << '\n' << std::flush; };
+    }
+    conn.Open();
+}
+
+void WriteReportGrid(const FlexGrid& grid, const CliOptions& options) {
+    if (auto path = options.Get("tsv")) {
+        std::ofstream out(*path, std::ios::out | std::ios::trunc);
+        if (!out) throw std::runtime_error("cannot write " + *path);
+        WriteGridTsv(grid, out);
+    } else {
+        WriteGridTsv(grid, std::cout);
+        std::cout.flush();
+    }
+}
+
+int ReportExitStatus(const ScriptedDialogs& dialogs) {
+    return dialogs.Messages().empty() ? 0 : 1;
+}
+
+int RunRunCommand(const std::vector<std::string>& args) {
+    if (args.empty()) throw UsageError("run needs a report name");
+    auto report = Reports().find(args[0]);
+    if (report == Reports().end()) {
+        std::string names;
+        for (const auto& [name, driver] : Reports()) names += (names.empty() ? "" : ", ") + name;
+        throw UsageError("unknown report '" + args[0] + "' (reports: " + names + ")");
+    }
+    try {
+        return report->second(std::vector<std::string>(args.begin() + 1, args.end()));
+    } catch (const RuntimeErrorRaised& e) {
+        // Where the program itself would end with the platform's error report.
+        std::fprintf(stderr, "[运行时错误] %s\n", e.what());
+        return 1;
+    }
+}
+
+} // namespace quillon

@@ -1,0 +1,39 @@
+// run_reports.h — quillon-cli run REPORT: the drivers of the reports, each setting the criteria
+// as a user would and clicking, and the pieces they share (session, output, statement log).
+#pragma once
+
+#include <fstream>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "cli/cli_options.h"
+#include "shell/app_session.h"
+
+namespace quillon {
+
+class FlexGrid;
+class ScriptedDialogs;
+
+// One driver per report name; gets the words after the name, gives the exit status.
+int RunReconReport(const std::vector<std::string>& args);
+
+// The session a report runs in: the database file opened through the embedded engine, and
+// every statement sent written to --sql-log when it is given (one statement a line).
+class ReportSession {
+public:
+    explicit ReportSession(const CliOptions& options);
+    AppSession& Session() { return session_; }
+
+private:
+    AppSession session_;
+    std::shared_ptr<std::ofstream> sqlLog_;
+};
+
+// The grid as TSV to --tsv FILE, or to stdout.
+void WriteReportGrid(const FlexGrid& grid, const CliOptions& options);
+
+// Exit status of a run: 0 when it showed no message, 1 when it ended in one.
+int ReportExitStatus(const ScriptedDialogs& dialogs);
+
+} // namespace quillon
