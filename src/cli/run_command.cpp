@@ -18,6 +18,7 @@ using ReportDriver = int (*)(const std::vector<std::string>&);
 const std::map<std::string, ReportDriver>& Reports() {
     static const std::map<std::string, ReportDriver> reports = {
         {"recon", RunReconReport},
+        {"deptrate", RunDeptRateReport},
     };
     return reports;
 }

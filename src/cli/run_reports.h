@@ -17,6 +17,7 @@ class ScriptedDialogs;
 
 // One driver per report name; gets the words after the name, gives the exit status.
 int RunReconReport(const std::vector<std::string>& args);
+int RunDeptRateReport(const std::vector<std::string>& args);
 
 // The session a report runs in: the database file opened through the embedded engine, and
 // every statement sent written to --sql-log when it is given (one statement a line).
