@@ -18,12 +18,10 @@
 namespace quillon {
 namespace {
 
-// The driver's diagnostic records of one handle: their texts joined, and whether one of them
-// is a time-out or a lost connection.
+// The driver's diagnostic records of one handle: their texts joined, and their SQLSTATEs.
 struct Diagnostics {
     std::string text;
-    bool timeout = false;
-    bool connectionLost = false;
+    std::vector<std::string> states;
 };
 
 Diagnostics ReadDiagnostics(SQLSMALLINT handleType, SQLHANDLE handle) {
@@ -36,9 +34,7 @@ Diagnostics ReadDiagnostics(SQLSMALLINT handleType, SQLHANDLE handle) {
         SQLSMALLINT length = 0;
         SQLRETURN rc = SQLGetDiagRec(handleType, handle, i, state, &native, message, sizeof message, &length);
         if (!SQL_SUCCEEDED(rc)) break;
-        std::string st(reinterpret_cast<const char*>(state));
-        if (st == "HYT00" || st == "HYT01") d.timeout = true;
-        if (st.rfind("08", 0) == 0) d.connectionLost = true;
+        d.states.emplace_back(reinterpret_cast<const char*>(state));
         std::string msg(reinterpret_cast<const char*>(message));
         // FreeTDS repeats a record now and then; once is enough for the user.
         if (msg.empty() || msg == last) continue;
@@ -52,8 +48,7 @@ Diagnostics ReadDiagnostics(SQLSMALLINT handleType, SQLHANDLE handle) {
 
 [[noreturn]] void ThrowStatementError(SQLSMALLINT handleType, SQLHANDLE handle) {
     Diagnostics d = ReadDiagnostics(handleType, handle);
-    long number = d.timeout ? kAdoErrTimeout : d.connectionLost ? kAdoErrGeneric : kAdoErrBadStatement;
-    throw DbError(number, d.text);
+    throw DbError(AdoNumberForStatementFailure(d.states), d.text);
 }
 
 // Environment and connection handles, shared by the backend and its cursors so that the

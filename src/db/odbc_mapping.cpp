@@ -8,6 +8,7 @@
 #include <charconv>
 #include <cstdint>
 
+#include "db/db_error.h"
 #include "db/text_fold.h"
 
 namespace quillon {
@@ -111,6 +112,15 @@ Value OdbcTextToValue(int sqlType, std::string text) {
     default:
         return Value(std::move(text));
     }
+}
+
+long AdoNumberForStatementFailure(const std::vector<std::string>& sqlStates) {
+    bool connectionLost = false;
+    for (const auto& state : sqlStates) {
+        if (state == "HYT00" || state == "HYT01") return kAdoErrTimeout;
+        if (state.rfind("08", 0) == 0) connectionLost = true;
+    }
+    return connectionLost ? kAdoErrGeneric : kAdoErrBadStatement;
 }
 
 } // namespace quillon

@@ -4,6 +4,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "db/connection_string.h"
 #include "db/value.h"
@@ -22,5 +23,9 @@ std::string OdbcConnectionValue(std::string_view value);
 // exact and approximate numerics as doubles, date and timestamp types as dates; text that
 // does not read as its type stays text, as SQLite's loose typing allows.
 Value OdbcTextToValue(int sqlType, std::string text);
+
+// The ADO error number for a failed statement, from the SQLSTATEs of the driver's records:
+// a time-out (HYT00, HYT01) wins, then a lost connection (class 08), else a bad statement.
+long AdoNumberForStatementFailure(const std::vector<std::string>& sqlStates);
 
 } // namespace quillon
