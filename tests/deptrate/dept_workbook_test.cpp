@@ -59,7 +59,6 @@ TEST_F(DeptWorkbook, SheetCellsMergesFillsAndFonts) {
 
     EXPECT_EQ(Text(sheet, 1, 1), "增值税开票统计汇总表");
     EXPECT_EQ(Text(sheet, 3, 1), " 开票日期：2024-03-01 至 2024-03-31") << "both dates in the period line";
-    EXPECT_EQ(sheet.Find(2, 1) ? sheet.Find(2, 1)->type : CellType::Empty, CellType::Empty);
 
     struct TextCase {
         const char* why;
@@ -130,7 +129,6 @@ TEST_F(DeptWorkbook, SheetCellsMergesFillsAndFonts) {
         {"title", 1, 1, "", "楷体_GB2312", 0, true, "", "center"},
         {"period line", 3, 1, "", "微软雅黑", 10, false, "", "left"},
         {"header", 4, 3, "FFC0C0FF", "微软雅黑", 10, false, "thin", "center"},
-        {"header, second row, last column", 5, 11, "FFC0C0FF", "微软雅黑", 10, false, "thin", "center"},
         {"data row", 6, 3, "", "微软雅黑", 10, false, "thin", "right"},
         {"a name holding 合计 is filled like the total", 8, 2, "FFC0C0FF", "微软雅黑", 10, false, "thin", ""},
         {"the total row to its last column", 9, 11, "FFC0C0FF", "微软雅黑", 10, false, "thin", "right"},

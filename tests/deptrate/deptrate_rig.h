@@ -19,7 +19,7 @@ namespace quillon {
 
 class DeptRateRig {
 public:
-    // One invoice line of a case: department, invoice date, gross, tax (NULL when unset), rate.
+    // An invoice of one line: department, invoice date, gross, tax (NULL when unset), rate.
     struct Line {
         std::string dept;
         std::string issued;
