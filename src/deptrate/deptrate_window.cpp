@@ -49,15 +49,16 @@ frm部门开票分税率统计表::frm部门开票分税率统计表(AppSession&
     Label3.SetCaption("正在统计，请稍等......");
     Command3.SetCaption("统计");
 
-    // The tree fills the condition panel; what chooses it sits in the title band above it, the
-    // date range and 统计 in the button bar beside 导出Excel.
+    // The tree fills the condition panel; its caption and 全选 sit in the title band above it, the
+    // date range and 统计 in the button bar beside 导出Excel, the export notice over the grid.
     AddControl(Label4, &Picture1);
     Label4.Move(120, 180, 1000, 270);
     AddControl(Check1, &Picture1);
-    Check1.Move(1800, 150, 1000, 300);
-    AddControl(Label2, &Picture1);
-    Label2.Move(kFrameClientWidth - 3800, 180, 3600, 270);
+    Check1.Move(1200, 150, 900, 300);
+    AddControl(Label2, &Picture3);
+    Label2.Move(120, 120, 3600, 270);
     Label2.SetVisible(false);
+    Label2.ZOrder(0);
     AddControl(TreeView1, &Picture2);
     TreeView1.Move(0, 0, Picture2.Width(), Picture2.Height());
     TreeView1.SetCheckboxes(true);

@@ -1,6 +1,5 @@
-// deptrate_window.h — department tax-rate summary window: the checkable department tree and the
-// date range, one grid row per ticked department with a column triple per configured tax rate,
-// the 合计 row, and the workbook of what the grid shows.
+// deptrate_window.h — deptrate layer: the department tax-rate summary window: department tree,
+// date range, one row per ticked department with three columns per tax rate, 合计, workbook.
 #pragma once
 
 #include <string>

@@ -1,6 +1,5 @@
-// tax_rate.h — department tax-rate summary: a configured tax rate held as an exact percentage of
-// four decimal places, and the two texts the window makes of it: the column heading and the
-// literal by which invoice lines are looked up.
+// tax_rate.h — deptrate layer: a configured tax rate as an exact four-place percentage, and the
+// texts made of it: the column heading and the literal invoice lines are looked up by.
 #pragma once
 
 #include <string>

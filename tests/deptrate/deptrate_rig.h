@@ -1,6 +1,5 @@
-// deptrate_rig.h — test support for the department summary: a billing database, the session on
-// it, scripted dialogs and the window, with short ways to tick a department and read a cell by
-// its department and captions.
+// deptrate_rig.h — test support: a billing database, its session, scripted dialogs and the
+// department summary window, with short ways to tick departments and read a cell by its captions.
 #pragma once
 
 #include <gtest/gtest.h>
