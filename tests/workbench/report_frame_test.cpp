@@ -27,9 +27,6 @@ struct FamilyAWindow : ReportForm {
     void NextStep(const std::string& text) { ShowWaitText(text); }
     void Done() { EndBusy(); }
     void Untrapped(const std::function<void()>& f) { RunUntrapped(f); }
-    void Panels(const std::string& a, const std::string& b, const std::string& c) {
-        SetStatusPanels(a, b, c);
-    }
 
     ListBox List1{"List1"};
     Panel Picture6{"Picture6"};
@@ -170,16 +167,6 @@ TEST(ReportFrame, BusyStateShowsThePanelYieldsOnceAndEndsAtTheNormalPointer) {
     w.Done();
     EXPECT_FALSE(w.Picture5.Visible());
     EXPECT_EQ(TheScreen().MousePointer(), kPointerDefault);
-}
-
-TEST(ReportFrame, StatusPanelsTwoFourAndSixCarryTheSessionTexts) {
-    ScriptedDialogs dialogs;
-    FamilyAWindow w(dialogs);
-    w.Panels("甲", "乙", "丙");
-    EXPECT_EQ(w.StatusBar1.Panels(2).Text(), "甲");
-    EXPECT_EQ(w.StatusBar1.Panels(4).Text(), "乙");
-    EXPECT_EQ(w.StatusBar1.Panels(6).Text(), "丙");
-    EXPECT_EQ(w.StatusBar1.Panels(1).Text(), "单位");
 }
 
 TEST(ReportFrame, AnUntrappedFailureEndsWithTheRunTimeErrorReport) {
