@@ -1,0 +1,434 @@
+#include "qtui/flex_grid_widget.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPointer>
+#include <QScrollBar>
+#include <QSignalBlocker>
+
+#include <algorithm>
+#include <vector>
+
+#include "controls/flex_grid.h"
+#include "qtui/binding_kinds.h"
+#include "qtui/qt_convert.h"
+#include "qtui/user_action.h"
+
+namespace quillon {
+namespace {
+
+constexpr std::uint32_t kColorAppWorkspace = 0x8000000C; // behind the last row and column
+const QColor kGridLine(0xC0, 0xC0, 0xC0);
+const QColor kFixedShadow(0x80, 0x80, 0x80);
+const QColor kFixedLight(0xFF, 0xFF, 0xFF);
+
+Qt::Alignment QtAlignment(int alignment) {
+    Qt::Alignment horizontal = alignment / 3 == 0   ? Qt::AlignLeft
+                               : alignment / 3 == 1 ? Qt::AlignHCenter
+                                                    : Qt::AlignRight;
+    Qt::Alignment vertical = alignment % 3 == 0   ? Qt::AlignTop
+                             : alignment % 3 == 1 ? Qt::AlignVCenter
+                                                  : Qt::AlignBottom;
+    return horizontal | vertical;
+}
+
+// Rows (or columns) of one section on screen: the fixed ones, or the scrolling ones from
+// TopRow (LeftCol) to the last one that shows, with the band of the viewport they own.
+struct Section {
+    int first = 0;
+    int last = -1;
+    int bandStart = 0;
+    int bandEnd = 0;
+    bool fixed = false;
+};
+
+} // namespace
+
+FlexGridWidget::FlexGridWidget(QWidget* parent) : QAbstractScrollArea(parent) {
+    setFocusPolicy(Qt::StrongFocus);
+    setFrameShape(QFrame::StyledPanel);
+    verticalScrollBar()->setSingleStep(1);
+    horizontalScrollBar()->setSingleStep(1);
+    viewport()->setAutoFillBackground(false);
+}
+
+void FlexGridWidget::SetGrid(FlexGrid* grid) {
+    grid_ = grid;
+    UpdateScrollBars();
+    viewport()->update();
+}
+
+void FlexGridWidget::ModelChanged(Aspect what) {
+    if (!grid_) return;
+    if (what == Aspect::Layout || what == Aspect::Redraw) UpdateScrollBars();
+    if (what == Aspect::CurrentCell) SyncScrollBars();
+    viewport()->update();
+}
+
+// --- geometry
+
+int FlexGridWidget::RowPx(int row) const {
+    return TwipsToPixels(grid_->RowHeight(row));
+}
+int FlexGridWidget::ColPx(int col) const {
+    return TwipsToPixels(grid_->ColWidth(col));
+}
+
+int FlexGridWidget::FixedHeight() const {
+    int h = 0;
+    for (int r = 0; r < grid_->FixedRows(); ++r) h += RowPx(r);
+    return h;
+}
+
+int FlexGridWidget::FixedWidth() const {
+    int w = 0;
+    for (int c = 0; c < grid_->FixedCols(); ++c) w += ColPx(c);
+    return w;
+}
+
+int FlexGridWidget::TopRow() const {
+    return std::clamp(grid_->TopRow(), grid_->FixedRows(), std::max(grid_->Rows() - 1, grid_->FixedRows()));
+}
+
+int FlexGridWidget::LeftCol() const {
+    return std::clamp(grid_->LeftCol(), grid_->FixedCols(), std::max(grid_->Cols() - 1, grid_->FixedCols()));
+}
+
+int FlexGridWidget::RowY(int row) const {
+    int y = 0;
+    if (row < grid_->FixedRows()) {
+        for (int r = 0; r < row; ++r) y += RowPx(r);
+        return y;
+    }
+    y = FixedHeight();
+    const int top = TopRow();
+    for (int r = top; r < row; ++r) y += RowPx(r);
+    for (int r = row; r < top; ++r) y -= RowPx(r); // a block that starts above the screen
+    return y;
+}
+
+int FlexGridWidget::ColX(int col) const {
+    int x = 0;
+    if (col < grid_->FixedCols()) {
+        for (int c = 0; c < col; ++c) x += ColPx(c);
+        return x;
+    }
+    x = FixedWidth();
+    const int left = LeftCol();
+    for (int c = left; c < col; ++c) x += ColPx(c);
+    for (int c = col; c < left; ++c) x -= ColPx(c);
+    return x;
+}
+
+QRect FlexGridWidget::CellRect(int row, int col) const {
+    if (!grid_) return {};
+    return QRect(ColX(col), RowY(row), ColPx(col), RowPx(row));
+}
+
+QRect FlexGridWidget::RangeRect(const CellRange& range) const {
+    const int x = ColX(range.col1);
+    const int y = RowY(range.row1);
+    return QRect(x, y, ColX(range.col2) + ColPx(range.col2) - x, RowY(range.row2) + RowPx(range.row2) - y);
+}
+
+// The last top row that still fills the screen: the scroll bar ends there.
+int FlexGridWidget::MaxTopRow() const {
+    const int fixedRows = grid_->FixedRows();
+    if (grid_->Rows() <= fixedRows) return fixedRows;
+    const int room = viewport()->height() - FixedHeight();
+    int row = grid_->Rows() - 1;
+    int used = RowPx(row);
+    while (row - 1 >= fixedRows && used + RowPx(row - 1) <= room) used += RowPx(--row);
+    return row;
+}
+
+int FlexGridWidget::MaxLeftCol() const {
+    const int fixedCols = grid_->FixedCols();
+    if (grid_->Cols() <= fixedCols) return fixedCols;
+    const int room = viewport()->width() - FixedWidth();
+    int col = grid_->Cols() - 1;
+    int used = ColPx(col);
+    while (col - 1 >= fixedCols && used + ColPx(col - 1) <= room) used += ColPx(--col);
+    return col;
+}
+
+bool FlexGridWidget::CellAt(const QPoint& pos, int& row, int& col) const {
+    if (!grid_ || pos.x() < 0 || pos.y() < 0) return false;
+    auto find = [](int at, int fixedCount, int first, int count, auto size) {
+        int edge = 0;
+        for (int i = 0; i < fixedCount; ++i) {
+            edge += size(i);
+            if (at < edge) return i;
+        }
+        for (int i = first; i < count; ++i) {
+            edge += size(i);
+            if (at < edge) return i;
+        }
+        return -1;
+    };
+    row = find(pos.y(), grid_->FixedRows(), TopRow(), grid_->Rows(), [this](int r) { return RowPx(r); });
+    col = find(pos.x(), grid_->FixedCols(), LeftCol(), grid_->Cols(), [this](int c) { return ColPx(c); });
+    return row >= 0 && col >= 0;
+}
+
+// --- scrolling: by whole rows and columns, as the old grid scrolled
+
+void FlexGridWidget::UpdateScrollBars() {
+    QSignalBlocker blockV(verticalScrollBar());
+    QSignalBlocker blockH(horizontalScrollBar());
+    if (!grid_) {
+        verticalScrollBar()->setRange(0, 0);
+        horizontalScrollBar()->setRange(0, 0);
+        return;
+    }
+    const int maxTop = MaxTopRow();
+    const int maxLeft = MaxLeftCol();
+    verticalScrollBar()->setRange(0, maxTop - grid_->FixedRows());
+    verticalScrollBar()->setPageStep(std::max(1, grid_->Rows() - maxTop));
+    horizontalScrollBar()->setRange(0, maxLeft - grid_->FixedCols());
+    horizontalScrollBar()->setPageStep(std::max(1, grid_->Cols() - maxLeft));
+    SyncScrollBars();
+}
+
+void FlexGridWidget::SyncScrollBars() {
+    if (!grid_) return;
+    QSignalBlocker blockV(verticalScrollBar());
+    QSignalBlocker blockH(horizontalScrollBar());
+    verticalScrollBar()->setValue(TopRow() - grid_->FixedRows());
+    horizontalScrollBar()->setValue(LeftCol() - grid_->FixedCols());
+}
+
+void FlexGridWidget::scrollContentsBy(int, int) {
+    if (!grid_) return;
+    grid_->SetTopRow(grid_->FixedRows() + verticalScrollBar()->value());
+    grid_->SetLeftCol(grid_->FixedCols() + horizontalScrollBar()->value());
+    viewport()->update();
+}
+
+void FlexGridWidget::resizeEvent(QResizeEvent* event) {
+    QAbstractScrollArea::resizeEvent(event);
+    if (grid_) UpdateScrollBars();
+}
+
+// --- painting
+
+void FlexGridWidget::paintEvent(QPaintEvent*) {
+    QPainter painter(viewport());
+    const QRect area = viewport()->rect();
+    painter.fillRect(area, ColorFromBgr(kColorAppWorkspace));
+    lastPaintedRows_ = 0;
+    if (!grid_) return;
+    const FlexGrid& g = *grid_;
+    const int fixedHeight = FixedHeight();
+    const int fixedWidth = FixedWidth();
+
+    Section rowSections[2] = {{0, g.FixedRows() - 1, 0, fixedHeight, true},
+                              {TopRow(), TopRow() - 1, fixedHeight, area.height(), false}};
+    Section colSections[2] = {{0, g.FixedCols() - 1, 0, fixedWidth, true},
+                              {LeftCol(), LeftCol() - 1, fixedWidth, area.width(), false}};
+    if (g.Rows() > g.FixedRows())
+        for (int r = TopRow(), y = fixedHeight; r < g.Rows() && y < area.height(); y += RowPx(r++))
+            rowSections[1].last = r;
+    if (g.Cols() > g.FixedCols())
+        for (int c = LeftCol(), x = fixedWidth; c < g.Cols() && x < area.width(); x += ColPx(c++))
+            colSections[1].last = c;
+
+    for (const Section& rows : rowSections) {
+        if (rows.first > rows.last) continue;
+        lastPaintedRows_ += rows.last - rows.first + 1;
+        std::vector<int> rowY, rowH;
+        for (int r = rows.first, y = rows.bandStart; r <= rows.last; y += RowPx(r++)) {
+            rowY.push_back(y);
+            rowH.push_back(RowPx(r));
+        }
+        // Merged blocks are painted whole, once; their cells are skipped one by one.
+        std::vector<CellRange> blocks;
+        if (g.MergeCells() != flexMergeNever) blocks = g.MergedRanges(rows.first, rows.last);
+        const int cols = g.Cols();
+        std::vector<char> covered(static_cast<std::size_t>(rows.last - rows.first + 1) * cols, 0);
+        for (const CellRange& b : blocks)
+            for (int r = std::max(b.row1, rows.first); r <= std::min(b.row2, rows.last); ++r)
+                for (int c = b.col1; c <= b.col2; ++c)
+                    covered[static_cast<std::size_t>(r - rows.first) * cols + c] = 1;
+
+        for (const Section& columns : colSections) {
+            if (columns.first > columns.last) continue;
+            const QRect band(columns.bandStart, rows.bandStart, columns.bandEnd - columns.bandStart,
+                             rows.bandEnd - rows.bandStart);
+            painter.setClipRect(band.intersected(area));
+            for (int r = rows.first; r <= rows.last; ++r) {
+                const int h = rowH[r - rows.first];
+                if (h == 0) continue;
+                const int y = rowY[r - rows.first];
+                for (int c = columns.first, x = ColX(columns.first); c <= columns.last; x += ColPx(c), ++c) {
+                    const int w = ColPx(c);
+                    if (w == 0 || covered[static_cast<std::size_t>(r - rows.first) * cols + c]) continue;
+                    PaintCell(painter, QRect(x, y, w, h), r, c, ToQString(g.TextMatrix(r, c)));
+                }
+            }
+            for (const CellRange& b : blocks) {
+                const bool blockFixed = b.col1 < g.FixedCols();
+                if (blockFixed != columns.fixed || b.col2 < columns.first || b.col1 > columns.last) continue;
+                const QRect rect = RangeRect(b);
+                if (rect.width() > 0 && rect.height() > 0)
+                    PaintCell(painter, rect, b.row1, b.col1, ToQString(g.TextMatrix(b.row1, b.col1)));
+            }
+        }
+    }
+
+    // The current cell's focus mark, inside the scrolling part.
+    if (hasFocus() && !g.IsFixedCell(g.Row(), g.Col())) {
+        painter.setClipRect(
+            QRect(fixedWidth, fixedHeight, area.width() - fixedWidth, area.height() - fixedHeight));
+        QRect rect = RangeRect(g.MergedRangeAt(g.Row(), g.Col()));
+        painter.setPen(QPen(Qt::black, 1, Qt::DotLine));
+        painter.drawRect(rect.adjusted(1, 1, -3, -3));
+    }
+}
+
+void FlexGridWidget::PaintCell(QPainter& painter, const QRect& rect, int row, int col,
+                               const QString& text) const {
+    const FlexGrid& g = *grid_;
+    const bool fixed = g.IsFixedCell(row, col);
+    painter.fillRect(rect, ColorFromBgr(g.BackColorAt(row, col)));
+    if (fixed) {
+        painter.setPen(kFixedLight);
+        painter.drawLine(rect.left(), rect.top(), rect.right() - 1, rect.top());
+        painter.drawLine(rect.left(), rect.top(), rect.left(), rect.bottom() - 1);
+    }
+    painter.setPen(fixed ? kFixedShadow : kGridLine);
+    painter.drawLine(rect.right(), rect.top(), rect.right(), rect.bottom());
+    painter.drawLine(rect.left(), rect.bottom(), rect.right(), rect.bottom());
+    if (text.isEmpty()) return;
+    const int alignment = ResolveGeneralAlignment(g.AlignmentAt(row, col), g.TextMatrix(row, col));
+    const int flags = QtAlignment(alignment) | (g.WordWrap() ? Qt::TextWordWrap : Qt::TextSingleLine);
+    painter.setPen(ColorFromBgr(g.ForeColorAt(row, col)));
+    painter.drawText(rect.adjusted(3, 1, -4, -2), flags, text); // clipped to the cell
+}
+
+// --- the user's mouse and keys
+
+void FlexGridWidget::mousePressEvent(QMouseEvent* event) {
+    setFocus(Qt::MouseFocusReason);
+    pressRow_ = -1;
+    if (event->button() != Qt::LeftButton) return;
+    int row = 0, col = 0;
+    if (CellAt(event->position().toPoint(), row, col)) {
+        pressRow_ = row;
+        pressCol_ = col;
+    }
+}
+
+void FlexGridWidget::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton) return;
+    if (swallowRelease_) {
+        swallowRelease_ = false; // the release that ends a double click
+        return;
+    }
+    const int row = pressRow_, col = pressCol_;
+    pressRow_ = -1;
+    if (row >= 0 && CellClicked) CellClicked(row, col);
+}
+
+void FlexGridWidget::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton) return;
+    int row = 0, col = 0;
+    if (!CellAt(event->position().toPoint(), row, col)) return;
+    swallowRelease_ = true;
+    if (CellDoubleClicked) CellDoubleClicked(row, col);
+}
+
+void FlexGridWidget::keyPressEvent(QKeyEvent* event) {
+    if (!grid_ || grid_->Rows() <= grid_->FixedRows() || grid_->Cols() <= grid_->FixedCols()) {
+        QAbstractScrollArea::keyPressEvent(event);
+        return;
+    }
+    const int page = std::max(1, verticalScrollBar()->pageStep());
+    int row = grid_->Row(), col = grid_->Col();
+    switch (event->key()) {
+    case Qt::Key_Up:
+        --row;
+        break;
+    case Qt::Key_Down:
+        ++row;
+        break;
+    case Qt::Key_Left:
+        --col;
+        break;
+    case Qt::Key_Right:
+        ++col;
+        break;
+    case Qt::Key_PageUp:
+        row -= page;
+        break;
+    case Qt::Key_PageDown:
+        row += page;
+        break;
+    case Qt::Key_Home:
+        col = grid_->FixedCols();
+        break;
+    case Qt::Key_End:
+        col = grid_->Cols() - 1;
+        break;
+    default:
+        QAbstractScrollArea::keyPressEvent(event);
+        return;
+    }
+    MoveCurrentCell(row, col);
+}
+
+void FlexGridWidget::MoveCurrentCell(int row, int col) {
+    FlexGrid& g = *grid_;
+    row = std::clamp(row, g.FixedRows(), g.Rows() - 1);
+    col = std::clamp(col, g.FixedCols(), g.Cols() - 1);
+    g.SetRow(row);
+    g.SetCol(col);
+    // Scroll just far enough that the cell shows whole.
+    if (row < TopRow()) g.SetTopRow(row);
+    while (TopRow() < row && RowY(row) + RowPx(row) > viewport()->height()) g.SetTopRow(TopRow() + 1);
+    if (col < LeftCol()) g.SetLeftCol(col);
+    while (LeftCol() < col && ColX(col) + ColPx(col) > viewport()->width()) g.SetLeftCol(LeftCol() + 1);
+    SyncScrollBars();
+    viewport()->update();
+}
+
+// --- the binding
+
+namespace {
+
+class FlexGridBinding : public ControlBinding {
+public:
+    FlexGridBinding(FlexGrid& grid, FlexGridWidget* widget) : ControlBinding(grid, widget), widget_(widget) {
+        widget->SetGrid(&grid);
+        widget->CellClicked = [this](int row, int col) {
+            if (auto* m = ModelAs<FlexGrid>()) RunUserAction([m, row, col] { m->ClickCell(row, col); });
+        };
+        widget->CellDoubleClicked = [this](int row, int col) {
+            if (auto* m = ModelAs<FlexGrid>()) RunUserAction([m, row, col] { m->DblClickCell(row, col); });
+        };
+    }
+    ~FlexGridBinding() override { Detach(); }
+
+protected:
+    void Refresh(Aspect what) override { widget_->ModelChanged(what); }
+    void OnDetach() override {
+        if (!widget_) return;
+        widget_->SetGrid(nullptr);
+        widget_->CellClicked = nullptr;
+        widget_->CellDoubleClicked = nullptr;
+    }
+
+private:
+    QPointer<FlexGridWidget> widget_;
+};
+
+} // namespace
+
+std::unique_ptr<ControlBinding> BindFlexGrid(FlexGrid& grid, QWidget* parent) {
+    auto binding = std::make_unique<FlexGridBinding>(grid, new FlexGridWidget(parent));
+    binding->RefreshAll();
+    return binding;
+}
+
+} // namespace quillon
