@@ -55,8 +55,6 @@ public:
     StatusBar StatusBar1;
     CommonDialogState CommonDialog1;
 
-    Dialogs& FrameDialogs() { return dialogs_; }
-
 protected:
     // First step of every Form_Load: panels 2, 4 and 6 get the session's three texts.
     void SetStatusPanels(const std::string& text1, const std::string& text2, const std::string& text3);
