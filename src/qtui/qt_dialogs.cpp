@@ -21,17 +21,16 @@ constexpr int kDefaultButtonMask = 0x300; // vbDefaultButton2 = 256, vbDefaultBu
 struct Button {
     int answer;
     const char* text;
-    QMessageBox::ButtonRole role;
 };
 
 std::vector<Button> ButtonsOf(int buttons) {
-    const Button ok{vbOK, "确定", QMessageBox::AcceptRole};
-    const Button cancel{vbCancel, "取消", QMessageBox::RejectRole};
-    const Button yes{vbYes, "是(&Y)", QMessageBox::YesRole};
-    const Button no{vbNo, "否(&N)", QMessageBox::NoRole};
-    const Button abort{vbAbort, "中止(&A)", QMessageBox::RejectRole};
-    const Button retry{vbRetry, "重试(&R)", QMessageBox::AcceptRole};
-    const Button ignore{vbIgnore, "忽略(&I)", QMessageBox::AcceptRole};
+    const Button ok{vbOK, "确定"};
+    const Button cancel{vbCancel, "取消"};
+    const Button yes{vbYes, "是(&Y)"};
+    const Button no{vbNo, "否(&N)"};
+    const Button abort{vbAbort, "中止(&A)"};
+    const Button retry{vbRetry, "重试(&R)"};
+    const Button ignore{vbIgnore, "忽略(&I)"};
     switch (buttons) {
     case vbOKCancel:
         return {ok, cancel};
@@ -87,11 +86,14 @@ int QtDialogs::MsgBox(const std::string& text, const std::string& title, int fla
                     ToQString(text), QMessageBox::NoButton, DialogParent());
     const std::vector<Button> buttons = ButtonsOf(flags & kButtonsMask);
     std::vector<QPushButton*> pushButtons;
-    for (const Button& b : buttons) pushButtons.push_back(box.addButton(QString::fromUtf8(b.text), b.role));
+    // One role for all keeps the old order, left to right.
+    for (const Button& b : buttons)
+        pushButtons.push_back(box.addButton(QString::fromUtf8(b.text), QMessageBox::ActionRole));
     const std::size_t defaultIndex =
         std::min<std::size_t>((flags & kDefaultButtonMask) >> 8, buttons.size() - 1);
     box.setDefaultButton(pushButtons[defaultIndex]);
-    // The close box answers as Cancel where there is one, else as the only button.
+    // Escape and the close box answer Cancel where there is one, or the only button; a box
+    // without either (Yes/No) cannot be dismissed without an answer.
     for (std::size_t i = 0; i < buttons.size(); ++i)
         if (buttons[i].answer == vbCancel || buttons.size() == 1) box.setEscapeButton(pushButtons[i]);
     box.exec();

@@ -1,0 +1,270 @@
+// The grid view: colours, frozen fixed rows and columns, merged blocks, text placement, the
+// user's clicks, and its speed on 50,000 rows.
+#include "qtui/flex_grid_widget.h"
+
+#include <gtest/gtest.h>
+
+#include <QMouseEvent>
+#include <QScrollBar>
+
+#include <chrono>
+#include <memory>
+
+#include "controls/flex_grid.h"
+#include "qt_test_app.h"
+#include "qtui/control_binding.h"
+#include "qtui/qt_convert.h"
+
+namespace quillon {
+
+void PrintTo(const QColor& c, std::ostream* os) {
+    *os << c.name().toStdString();
+}
+
+namespace {
+
+const QColor kWhite(0xFF, 0xFF, 0xFF);
+const QColor kButtonFace(0xF0, 0xF0, 0xF0);
+
+// A grid model drawn by its binding, sized in pixels.
+struct GridView {
+    WithApp app;
+    FlexGrid grid{"MSFlexGrid1"};
+    QWidget host;
+    std::unique_ptr<ControlBinding> binding;
+    FlexGridWidget* view = nullptr;
+
+    GridView(int rows, int cols, int width = 400, int height = 300) {
+        grid.SetRows(rows);
+        grid.SetCols(cols);
+        grid.Move(0, 0, PixelsToTwips(width), PixelsToTwips(height));
+        binding = BindControl(grid, &host);
+        view = dynamic_cast<FlexGridWidget*>(binding->Widget());
+        host.resize(width, height);
+        host.show();
+        QApplication::processEvents();
+        view->clearFocus(); // no focus mark over the cells a test looks at
+    }
+    ~GridView() { binding.reset(); }
+
+    QImage Paint() { return Snapshot(*view->viewport()); }
+    QColor PixelAtCentre(int row, int col) { return Paint().pixelColor(view->CellRect(row, col).center()); }
+
+    void Mouse(QEvent::Type type, int row, int col) {
+        const QPointF at = view->CellRect(row, col).center();
+        QMouseEvent event(type, at, view->viewport()->mapToGlobal(at), Qt::LeftButton,
+                          type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(view->viewport(), &event);
+    }
+};
+
+TEST(QtConvert, TwipsPixelsAndColours) {
+    struct Twips {
+        int twips;
+        int pixels;
+    } twips[] = {{15, 1}, {7, 0}, {8, 1}, {-8, -1}, {240, 16}, {960, 64}, {0, 0}};
+    for (const auto& c : twips) {
+        SCOPED_TRACE(c.twips);
+        EXPECT_EQ(TwipsToPixels(c.twips), c.pixels);
+    }
+    struct Colour {
+        const char* why;
+        std::uint32_t bgr;
+        QColor colour;
+    } colours[] = {
+        {"小计 cells: blue is the high byte", 0xC0E0FF, QColor(0xFF, 0xE0, 0xC0)},
+        {"合计 cells", 0xFFC0C0, QColor(0xC0, 0xC0, 0xFF)},
+        {"pure red is the low byte", 0x0000FF, QColor(0xFF, 0x00, 0x00)},
+        {"the system window colour", 0x80000005, kWhite},
+        {"the system button face", 0x8000000F, kButtonFace},
+        {"the system window text", 0x80000008, QColor(0, 0, 0)},
+    };
+    for (const auto& c : colours) {
+        SCOPED_TRACE(c.why);
+        EXPECT_EQ(ColorFromBgr(c.bgr), c.colour);
+    }
+}
+
+TEST(FlexGridWidget, PaintsCellColoursOfTheModel) {
+    GridView v(5, 4);
+    v.grid.SetRow(2);
+    v.grid.SetCol(1);
+    v.grid.SetCellBackColor(0xC0E0FF);
+    EXPECT_EQ(v.PixelAtCentre(2, 1), QColor(0xFF, 0xE0, 0xC0)) << "the cell's own colour";
+    EXPECT_EQ(v.PixelAtCentre(3, 2), kWhite) << "an unset cell in the grid's window colour";
+    EXPECT_EQ(v.PixelAtCentre(0, 1), kButtonFace) << "a fixed cell";
+    v.grid.SetBackColor(0x00FF00);
+    EXPECT_EQ(v.PixelAtCentre(3, 2), QColor(0x00, 0xFF, 0x00)) << "the grid's colour changed";
+}
+
+TEST(FlexGridWidget, FixedRowsAndColumnsStayWhileTheRestScrolls) {
+    GridView v(200, 30);
+    v.grid.SetRow(150);
+    v.grid.SetCol(11);
+    v.grid.SetCellBackColor(0x0000FF);
+    v.view->verticalScrollBar()->setValue(149); // the user drags the bar
+    v.view->horizontalScrollBar()->setValue(10);
+    EXPECT_EQ(v.grid.TopRow(), 150);
+    EXPECT_EQ(v.grid.LeftCol(), 11);
+    EXPECT_EQ(v.view->CellRect(0, 11).top(), 0) << "the fixed row keeps the top";
+    EXPECT_EQ(v.view->CellRect(150, 0).left(), 0) << "the fixed column keeps the left";
+    EXPECT_EQ(v.view->CellRect(150, 11), QRect(64, 16, 64, 16)) << "right after the fixed row and column";
+    EXPECT_EQ(v.PixelAtCentre(150, 11), QColor(0xFF, 0, 0));
+    EXPECT_EQ(v.PixelAtCentre(0, 11), kButtonFace);
+    int row = 0, col = 0;
+    ASSERT_TRUE(v.view->CellAt(QPoint(70, 20), row, col));
+    EXPECT_EQ(row, 150);
+    EXPECT_EQ(col, 11);
+    ASSERT_TRUE(v.view->CellAt(QPoint(5, 5), row, col));
+    EXPECT_EQ(row, 0);
+    EXPECT_EQ(col, 0);
+}
+
+TEST(FlexGridWidget, ScrollBarEndsWhereTheLastRowShowsWhole) {
+    GridView v(100, 3, 300, 200);
+    QScrollBar* bar = v.view->verticalScrollBar();
+    bar->setValue(bar->maximum());
+    const QRect last = v.view->CellRect(99, 1);
+    EXPECT_LE(last.bottom(), v.view->viewport()->height() - 1) << "the last row shows whole";
+    EXPECT_GT(last.bottom() + last.height(), v.view->viewport()->height() - 1)
+        << "and no row's room is left empty below it";
+    v.grid.SetRows(3); // the report shrank
+    EXPECT_EQ(bar->maximum(), 0);
+}
+
+TEST(FlexGridWidget, MergedHeaderIsOneBlockWithoutInnerLine) {
+    GridView v(4, 4);
+    v.grid.SetFixedRows(2);
+    v.grid.SetMergeCells(flexMergeRestrictColumns);
+    v.grid.SetMergeRow(0, true);
+    v.grid.SetFixedAlignment(1, flexAlignCenterCenter);
+    const char* header[2][4] = {{"", "专用发票", "专用发票", "普通"}, {"", "金额", "税额", "金额"}};
+    for (int r = 0; r < 2; ++r)
+        for (int c = 0; c < 4; ++c) v.grid.SetTextMatrix(r, c, header[r][c]);
+    const QImage image = v.Paint();
+    const int seam = v.view->CellRect(0, 1).right(); // where a line between columns 1 and 2 goes
+    const int top = v.view->CellRect(0, 1).top() + 2;
+    const int below = v.view->CellRect(1, 1).top() + 2;
+    EXPECT_EQ(image.pixelColor(seam, top), kButtonFace) << "no line inside the merged block";
+    EXPECT_NE(image.pixelColor(seam, below), kButtonFace) << "the row below keeps its line";
+    // The caption is centred over both columns: its ink straddles the seam.
+    const QList<int> ink = DarkColumns(image, v.view->CellRect(0, 1).united(v.view->CellRect(0, 2)));
+    ASSERT_FALSE(ink.isEmpty());
+    EXPECT_LT(ink.first(), seam);
+    EXPECT_GT(ink.last(), seam);
+}
+
+TEST(FlexGridWidget, TextFollowsAlignmentAndWordWrap) {
+    GridView v(3, 2);
+    v.grid.SetColWidth(1, 1920); // 128 px
+    v.grid.SetTextMatrix(1, 1, "8888");
+    v.grid.SetColAlignment(1, flexAlignLeftCenter);
+    const QRect cell = v.view->CellRect(1, 1);
+    QList<int> ink = DarkColumns(v.Paint(), cell);
+    ASSERT_FALSE(ink.isEmpty());
+    EXPECT_LT(ink.last(), cell.center().x()) << "left aligned";
+    v.grid.SetColAlignment(1, flexAlignRightCenter);
+    ink = DarkColumns(v.Paint(), cell);
+    ASSERT_FALSE(ink.isEmpty());
+    EXPECT_GT(ink.first(), cell.center().x()) << "right aligned";
+
+    v.grid.SetRowHeight(2, 720); // 48 px, room for three lines
+    v.grid.SetTextMatrix(2, 1, "很长的文字需要在格子里折行显示");
+    const QRect tall = v.view->CellRect(2, 1);
+    QList<int> lines = DarkRows(v.Paint(), tall);
+    ASSERT_FALSE(lines.isEmpty());
+    EXPECT_LT(lines.last() - lines.first(), 16) << "one line without WordWrap";
+    v.grid.SetWordWrap(true);
+    lines = DarkRows(v.Paint(), tall);
+    ASSERT_FALSE(lines.isEmpty());
+    EXPECT_GT(lines.last() - lines.first(), 16) << "several lines with WordWrap";
+}
+
+TEST(FlexGridWidget, ClicksReachTheModelAndItsEvents) {
+    GridView v(6, 4);
+    int clicks = 0, doubles = 0;
+    v.grid.Click.Connect([&] { ++clicks; });
+    v.grid.DblClick.Connect([&] { ++doubles; });
+
+    v.Mouse(QEvent::MouseButtonPress, 3, 2);
+    v.Mouse(QEvent::MouseButtonRelease, 3, 2);
+    EXPECT_EQ(clicks, 1);
+    EXPECT_EQ(v.grid.Row(), 3);
+    EXPECT_EQ(v.grid.Col(), 2);
+
+    v.Mouse(QEvent::MouseButtonPress, 0, 1); // a header cell
+    v.Mouse(QEvent::MouseButtonRelease, 0, 1);
+    EXPECT_EQ(clicks, 2);
+    EXPECT_EQ(v.grid.MouseRow(), 0);
+    EXPECT_EQ(v.grid.MouseCol(), 1);
+    EXPECT_EQ(v.grid.Row(), 3) << "a fixed cell does not become current";
+
+    // A double click: press, release, double-click, release.
+    v.Mouse(QEvent::MouseButtonPress, 4, 3);
+    v.Mouse(QEvent::MouseButtonRelease, 4, 3);
+    v.Mouse(QEvent::MouseButtonDblClick, 4, 3);
+    v.Mouse(QEvent::MouseButtonRelease, 4, 3);
+    EXPECT_EQ(clicks, 3) << "the double click's first half is a click, its end is not";
+    EXPECT_EQ(doubles, 1);
+    EXPECT_EQ(v.grid.Row(), 4);
+    EXPECT_EQ(v.grid.Col(), 3);
+
+    // Below the last row there is no cell.
+    const QPointF empty(10, v.view->viewport()->height() - 3);
+    QMouseEvent press(QEvent::MouseButtonPress, empty, empty, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    QMouseEvent release(QEvent::MouseButtonRelease, empty, empty, Qt::LeftButton, Qt::NoButton,
+                        Qt::NoModifier);
+    QApplication::sendEvent(v.view->viewport(), &press);
+    QApplication::sendEvent(v.view->viewport(), &release);
+    EXPECT_EQ(clicks, 3);
+}
+
+TEST(FlexGridWidget, DetachedViewPaintsNothingAndIgnoresClicks) {
+    auto v = std::make_unique<GridView>(4, 3);
+    int clicks = 0;
+    v->grid.Click.Connect([&] { ++clicks; });
+    v->binding->Detach();
+    EXPECT_EQ(v->view->Grid(), nullptr);
+    v->Paint(); // must not reach the model
+    const QPointF at(70, 20);
+    QMouseEvent press(QEvent::MouseButtonPress, at, at, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    QMouseEvent release(QEvent::MouseButtonRelease, at, at, Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent(v->view->viewport(), &press);
+    QApplication::sendEvent(v->view->viewport(), &release);
+    EXPECT_EQ(clicks, 0);
+}
+
+// Fifty thousand rows: only the rows on screen are painted, and a paint stays quick wherever
+// the grid is scrolled to, with merging on as the reports use it.
+TEST(FlexGridWidget, FiftyThousandRowsPaintOnlyWhatShows) {
+    GridView v(50'001, 12, 1000, 640);
+    v.grid.SetRedraw(false);
+    v.grid.SetMergeCells(flexMergeRestrictColumns);
+    v.grid.SetMergeCol(1, true);
+    for (int r = 1; r < v.grid.Rows(); ++r) {
+        v.grid.SetTextMatrix(r, 1, "管理处" + std::to_string(r / 10)); // blocks of ten rows
+        for (int c = 2; c < 12; ++c) v.grid.SetTextMatrix(r, c, std::to_string(r * c) + ".00");
+    }
+    v.grid.SetRedraw(true);
+    v.grid.SetTopRow(25'003); // in the middle of a merged block
+
+    const int visibleRows = v.view->viewport()->height() / 16 + 2; // and the fixed row
+    const auto started = std::chrono::steady_clock::now();
+    constexpr int paints = 20;
+    for (int i = 0; i < paints; ++i) {
+        v.grid.SetTopRow(25'003 + i * 7);
+        v.view->viewport()->repaint();
+    }
+    const double ms =
+        std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - started).count() /
+        paints;
+    RecordProperty("ms_per_paint", std::to_string(ms));
+    EXPECT_LE(v.view->LastPaintedRowCount(), visibleRows);
+    EXPECT_LT(ms, 150.0) << "a paint of the visible rows";
+    int row = 0, col = 0;
+    ASSERT_TRUE(v.view->CellAt(QPoint(100, 20), row, col));
+    EXPECT_EQ(row, 25'003 + (paints - 1) * 7);
+}
+
+} // namespace
+} // namespace quillon

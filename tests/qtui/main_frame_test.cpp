@@ -1,0 +1,222 @@
+// The MDI frame: menu bar from the model, one sub-window per open window (brought forward, not
+// doubled), closing and reopening, the close box's question, the background picture, the
+// banner's strips and the busy cursor.
+#include "qtui/main_frame.h"
+
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenuBar>
+#include <QPainter>
+
+#include <filesystem>
+
+#include "controls/flex_grid.h"
+#include "controls/screen.h"
+#include "controls/scripted_dialogs.h"
+#include "qt_test_app.h"
+#include "qtui/form_view.h"
+#include "qtui/user_action.h"
+#include "shell/app_session.h"
+#include "shell/main_window.h"
+
+namespace quillon {
+namespace {
+
+class GridWindow : public Form {
+public:
+    GridWindow() : Form("frm票据核对表", "开票票据核对表") {
+        MSFlexGrid1.Move(0, 0, 6000, 4000);
+        AddControl(MSFlexGrid1);
+    }
+    FlexGrid MSFlexGrid1{"MSFlexGrid1"};
+};
+
+class TempFolder {
+public:
+    TempFolder() {
+        path_ = std::filesystem::temp_directory_path() /
+                ("quillon-frame-" + std::to_string(reinterpret_cast<std::uintptr_t>(this)));
+        std::filesystem::create_directories(path_);
+    }
+    ~TempFolder() { std::filesystem::remove_all(path_); }
+    std::string Path() const { return path_.string(); }
+
+private:
+    std::filesystem::path path_;
+};
+
+// A banner bitmap whose parts are told apart by colour: left part red, the strip green, the
+// rest of the end piece blue.
+QPixmap StripedBanner() {
+    QPixmap bitmap(857, 70);
+    QPainter p(&bitmap);
+    p.fillRect(0, 0, 590, 70, Qt::red);
+    p.fillRect(590, 0, 20, 70, Qt::green);
+    p.fillRect(610, 0, 247, 70, Qt::blue);
+    return bitmap;
+}
+
+struct Framed {
+    TempFolder folder;
+    AppSession session;
+    ScriptedDialogs dialogs;
+    std::unique_ptr<MDIForm1> mdi;
+    std::unique_ptr<MainFrame> frame;
+
+    explicit Framed(bool withBackground = false) {
+        TestApp();
+        SetUserActionDialogs(&dialogs);
+        if (withBackground) {
+            QImage picture(64, 32, QImage::Format_RGB888);
+            picture.fill(QColor(10, 200, 30));
+            picture.save(QString::fromStdString(folder.Path() + "/MDI.BMP"), "BMP");
+        }
+        mdi = std::make_unique<MDIForm1>(session, dialogs, folder.Path());
+        mdi->Windows.Register("frm票据核对表",
+                              [](AppSession&, Dialogs&) { return std::make_unique<GridWindow>(); });
+        frame = std::make_unique<MainFrame>(*mdi, StripedBanner());
+        frame->resize(1000, 700);
+        frame->show();
+        mdi->Show();
+        QApplication::processEvents();
+    }
+    ~Framed() {
+        frame.reset();
+        SetUserActionDialogs(nullptr);
+    }
+
+    void Pick(const char* entry) {
+        QAction* action = frame->ActionOf(entry);
+        ASSERT_NE(action, nullptr) << entry;
+        action->trigger();
+        QApplication::processEvents();
+    }
+    int SubWindows() const {
+        int n = 0;
+        for (QMdiSubWindow* w : frame->MdiArea()->subWindowList())
+            if (w->isVisible()) ++n;
+        return n;
+    }
+};
+
+TEST(MainFrame, MenuBarFollowsTheMenuModel) {
+    Framed f;
+    QStringList tops;
+    for (QAction* action : f.frame->menuBar()->actions()) tops << action->text();
+    EXPECT_EQ(tops, (QStringList{"统计报表", "退出系统", "关于"}));
+    QAction* summary = f.frame->ActionOf("预开票汇总表");
+    ASSERT_NE(summary, nullptr);
+    EXPECT_EQ(summary->text(), QString("预开票汇总表"));
+    ASSERT_NE(f.frame->ActionOf("mnuSeparator"), nullptr);
+    EXPECT_TRUE(f.frame->ActionOf("mnuSeparator")->isSeparator());
+    f.mdi->预开票汇总表.SetEnabled(false);
+    EXPECT_FALSE(summary->isEnabled());
+    EXPECT_EQ(f.frame->windowTitle(), QString("Quillon收费报表"));
+}
+
+TEST(MainFrame, EntryOpensOneSubWindowAndBringsItForward) {
+    Framed f;
+    f.Pick("开票票据核对表");
+    ASSERT_EQ(f.SubWindows(), 1);
+    Form* recon = f.mdi->Windows.Find("frm票据核对表");
+    ASSERT_NE(recon, nullptr);
+    FormSubWindow* reconWindow = f.frame->SubWindowOf(*recon);
+    ASSERT_NE(reconWindow, nullptr);
+    EXPECT_EQ(reconWindow->windowTitle(), QString("开票票据核对表"));
+
+    f.Pick("关于软件");
+    EXPECT_EQ(f.SubWindows(), 2);
+    EXPECT_NE(f.frame->MdiArea()->activeSubWindow(), reconWindow);
+
+    f.Pick("开票票据核对表");
+    EXPECT_EQ(f.SubWindows(), 2) << "not opened twice";
+    EXPECT_EQ(f.frame->MdiArea()->activeSubWindow(), reconWindow) << "brought forward";
+    EXPECT_EQ(f.mdi->Windows.Find("frm票据核对表"), recon);
+}
+
+TEST(MainFrame, ClosedSubWindowGivesAFreshWindowNextTime) {
+    Framed f;
+    f.Pick("开票票据核对表");
+    auto* recon = dynamic_cast<GridWindow*>(f.mdi->Windows.Find("frm票据核对表"));
+    ASSERT_NE(recon, nullptr);
+    recon->MSFlexGrid1.SetRows(30);
+    f.frame->SubWindowOf(*recon)->close(); // the window's close box
+    QApplication::processEvents();
+    EXPECT_EQ(f.mdi->Windows.Find("frm票据核对表"), nullptr);
+    EXPECT_EQ(f.SubWindows(), 0);
+
+    f.Pick("开票票据核对表");
+    auto* fresh = dynamic_cast<GridWindow*>(f.mdi->Windows.Find("frm票据核对表"));
+    ASSERT_NE(fresh, nullptr);
+    EXPECT_EQ(fresh->MSFlexGrid1.Rows(), 2);
+    EXPECT_EQ(f.SubWindows(), 1);
+}
+
+TEST(MainFrame, UnloadFromCodeClosesTheSubWindow) {
+    Framed f;
+    f.Pick("关于软件");
+    auto* about = f.mdi->Windows.Find("frmAbout");
+    ASSERT_NE(about, nullptr);
+    EXPECT_GT(about->Left(), 0) << "the About box centres itself";
+    about->Unload(); // cmdOK
+    QApplication::processEvents();
+    EXPECT_EQ(f.SubWindows(), 0);
+}
+
+TEST(MainFrame, CloseBoxAnsweredNoKeepsTheProgram) {
+    Framed f;
+    f.Pick("开票票据核对表");
+    f.dialogs.QueueAnswer(vbNo);
+    f.frame->close();
+    QApplication::processEvents();
+    ASSERT_EQ(f.dialogs.Messages().size(), 1u);
+    EXPECT_EQ(f.dialogs.Messages()[0].Text, "确认要退出系统吗？");
+    EXPECT_TRUE(f.frame->isVisible());
+    EXPECT_EQ(f.SubWindows(), 1);
+}
+
+TEST(MainFrame, ClientSizeAndBannerStrips) {
+    Framed f;
+    const QSize client = f.frame->MdiArea()->viewport()->size();
+    EXPECT_EQ(f.mdi->ScaleWidth(), client.width() * 15);
+    EXPECT_EQ(f.mdi->ScaleHeight(), client.height() * 15);
+    QWidget* banner = f.frame->findChild<QWidget*>("Picture1");
+    ASSERT_NE(banner, nullptr);
+    EXPECT_EQ(banner->height(), 70);
+    const QImage image = Snapshot(*banner);
+    const int w = image.width();
+    ASSERT_GT(w, 900);
+    EXPECT_EQ(image.pixelColor(10, 35), QColor(Qt::red)) << "the fixed left part";
+    EXPECT_EQ(image.pixelColor(615, 35), QColor(Qt::green)) << "a copy of the strip";
+    EXPECT_EQ(image.pixelColor(w - 270, 35), QColor(Qt::green)) << "the last strip before the end piece";
+    EXPECT_EQ(image.pixelColor(w - 3, 35), QColor(Qt::blue)) << "the end piece flush right";
+}
+
+TEST(MainFrame, BackgroundPictureStretchedOrEmpty) {
+    {
+        Framed f(true);
+        const QBrush brush = f.frame->MdiArea()->background();
+        ASSERT_FALSE(brush.texture().isNull());
+        EXPECT_EQ(brush.texture().size(), f.frame->MdiArea()->viewport()->size()) << "stretched to the area";
+        EXPECT_EQ(brush.texture().toImage().pixelColor(5, 5), QColor(10, 200, 30));
+    }
+    {
+        Framed f(false);
+        EXPECT_TRUE(f.frame->MdiArea()->background().texture().isNull()) << "no MDI.BMP: left empty";
+    }
+}
+
+TEST(MainFrame, BusyPointerShowsTheHourglass) {
+    Framed f;
+    TheScreen().SetMousePointer(kPointerHourglass);
+    ASSERT_NE(QApplication::overrideCursor(), nullptr);
+    EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+    TheScreen().SetMousePointer(kPointerDefault);
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+} // namespace
+} // namespace quillon

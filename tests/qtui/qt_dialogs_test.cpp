@@ -1,0 +1,109 @@
+// Qt's message box and file filter as the old flags and filters ask for them.
+#include "qtui/qt_dialogs.h"
+
+#include <gtest/gtest.h>
+
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTimer>
+
+#include "qt_test_app.h"
+
+namespace quillon {
+namespace {
+
+struct Shown {
+    QString title, text;
+    QMessageBox::Icon icon = QMessageBox::NoIcon;
+    QStringList buttons;
+    QString defaultButton;
+};
+
+// Answers the next box by the text of one of its buttons, and notes what it showed.
+void AnswerNextBox(const QString& button, Shown& shown) {
+    QTimer::singleShot(0, [button, &shown] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        ASSERT_NE(box, nullptr);
+        shown.title = box->windowTitle();
+        shown.text = box->text();
+        shown.icon = box->icon();
+        for (QAbstractButton* b : box->buttons()) shown.buttons << b->text();
+        if (box->defaultButton()) shown.defaultButton = box->defaultButton()->text();
+        for (QAbstractButton* b : box->buttons())
+            if (b->text() == button) b->click();
+    });
+}
+
+TEST(QtDialogs, MessageBoxFlagsAndAnswers) {
+    TestApp();
+    QtDialogs dialogs("Quillon");
+    struct Case {
+        const char* why;
+        int flags;
+        const char* press;
+        int answer;
+        QMessageBox::Icon icon;
+        QStringList buttons;
+        const char* defaultButton;
+    } cases[] = {
+        {"the exit question",
+         vbYesNo + vbInformation,
+         "否(&N)",
+         vbNo,
+         QMessageBox::Information,
+         {"是(&Y)", "否(&N)"},
+         "是(&Y)"},
+        {"a report's failure",
+         vbOKOnly + vbInformation,
+         "确定",
+         vbOK,
+         QMessageBox::Information,
+         {"确定"},
+         "确定"},
+        {"second button as default",
+         vbOKCancel + vbQuestion + 256,
+         "取消",
+         vbCancel,
+         QMessageBox::Question,
+         {"确定", "取消"},
+         "取消"},
+        {"warning with three buttons",
+         vbYesNoCancel + vbExclamation,
+         "是(&Y)",
+         vbYes,
+         QMessageBox::Warning,
+         {"是(&Y)", "否(&N)", "取消"},
+         "是(&Y)"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.why);
+        Shown shown;
+        AnswerNextBox(QString::fromUtf8(c.press), shown);
+        EXPECT_EQ(dialogs.MsgBox("正文", c.flags == vbYesNo + vbInformation ? "" : "系统提示", c.flags),
+                  c.answer);
+        EXPECT_EQ(shown.icon, c.icon);
+        EXPECT_EQ(shown.buttons, c.buttons);
+        EXPECT_EQ(shown.defaultButton, QString::fromUtf8(c.defaultButton));
+        EXPECT_EQ(shown.text, QString("正文"));
+        EXPECT_EQ(shown.title, QString(c.flags == vbYesNo + vbInformation ? "Quillon" : "系统提示"))
+            << "an empty title is the program's";
+    }
+}
+
+TEST(QtDialogs, FileFilterFromTheOldForm) {
+    struct Case {
+        const char* old;
+        const char* qt;
+    } cases[] = {
+        {"Excel 文件|*.xls;*.xlsx", "Excel 文件 (*.xls *.xlsx)"},
+        {"Excel 文件|*.xlsx|所有文件|*.*", "Excel 文件 (*.xlsx);;所有文件 (*.*)"},
+        {"", ""},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.old);
+        EXPECT_EQ(QtFileFilter(c.old), QString::fromUtf8(c.qt));
+    }
+}
+
+} // namespace
+} // namespace quillon
