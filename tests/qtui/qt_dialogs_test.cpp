@@ -7,6 +7,9 @@
 #include <QPushButton>
 #include <QTimer>
 
+#include <cstdio>
+#include <cstdlib>
+
 #include "qt_test_app.h"
 
 namespace quillon {
@@ -88,6 +91,38 @@ TEST(QtDialogs, MessageBoxFlagsAndAnswers) {
         EXPECT_EQ(shown.title, QString(c.flags == vbYesNo + vbInformation ? "Quillon" : "系统提示"))
             << "an empty title is the program's";
     }
+}
+
+// The two ways the program ends. Run in a child process started afresh, which makes its own
+// application; the report box is answered by a timer, and its text goes to stderr to be matched.
+TEST(QtDialogsDeathTest, RuntimeErrorReportsThenEndsWithFailure) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_EXIT(
+        {
+            TestApp();
+            QtDialogs dialogs("Quillon");
+            QTimer::singleShot(0, [] {
+                auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+                if (!box) std::_Exit(3);
+                std::fprintf(stderr, "[%s] %s\n", box->windowTitle().toUtf8().constData(),
+                             box->text().toUtf8().constData());
+                box->buttons().first()->click();
+            });
+            dialogs.RuntimeError(13, "类型不匹配");
+        },
+        ::testing::ExitedWithCode(1), "\\[Quillon\\] 运行时错误 '13':\n\n类型不匹配");
+}
+
+TEST(QtDialogsDeathTest, EndProgramEndsAtOnceWithSuccess) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_EXIT(
+        {
+            TestApp();
+            QtDialogs dialogs("Quillon");
+            std::fprintf(stderr, "ending\n");
+            dialogs.EndProgram();
+        },
+        ::testing::ExitedWithCode(0), "ending");
 }
 
 TEST(QtDialogs, FileFilterFromTheOldForm) {
