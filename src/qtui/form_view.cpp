@@ -60,7 +60,9 @@ void FormView::resizeEvent(QResizeEvent* event) {
     Form* form = form_;
     const int width = PixelsToTwips(this->width());
     const int height = PixelsToTwips(this->height());
-    if (width == form->ScaleWidth() && height == form->ScaleHeight()) return;
+    // The first size always reaches the window: its controls may stand at their design places.
+    if (sized_ && width == form->ScaleWidth() && height == form->ScaleHeight()) return;
+    sized_ = true;
     RunUserAction([form, width, height] { form->SetClientSize(width, height); });
 }
 

@@ -40,6 +40,7 @@ private:
     std::vector<std::unique_ptr<ControlBinding>> bindings_;
     std::map<const Control*, ControlBinding*> byControl_;
     std::map<const Control*, const Control*> containerOf_;
+    bool sized_ = false;
 };
 
 class FormSubWindow : public QMdiSubWindow {

@@ -136,6 +136,16 @@ TEST(Bindings, ClientSizeRunsFormResize) {
     EXPECT_GT(d.form.resizes, before);
 }
 
+TEST(Bindings, FirstSizeRunsFormResizeEvenWhenItMatchesTheModel) {
+    WithApp app;
+    SampleForm form; // controls at their design places, client size at the default
+    FormView view(form);
+    view.resize(form.ScaleWidth() / 15, form.ScaleHeight() / 15);
+    view.show();
+    QApplication::processEvents();
+    EXPECT_GE(form.resizes, 1);
+}
+
 TEST(Bindings, ListBoxBothWays) {
     Drawn d;
     auto* list = d.Widget<QListWidget>("List1");
