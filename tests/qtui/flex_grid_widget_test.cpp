@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScrollBar>
 
@@ -217,6 +218,29 @@ TEST(FlexGridWidget, ClicksReachTheModelAndItsEvents) {
     QApplication::sendEvent(v.view->viewport(), &press);
     QApplication::sendEvent(v.view->viewport(), &release);
     EXPECT_EQ(clicks, 3);
+}
+
+TEST(FlexGridWidget, KeysMoveTheCurrentCellAndScrollItIntoView) {
+    GridView v(100, 4, 300, 200);
+    auto press = [&](Qt::Key key) {
+        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
+        QApplication::sendEvent(v.view, &event);
+    };
+    const int lastWhole = v.view->viewport()->height() / 16 - 1; // rows 1 … lastWhole show whole
+    v.grid.SetRow(lastWhole);
+    press(Qt::Key_Down);
+    EXPECT_EQ(v.grid.Row(), lastWhole + 1);
+    EXPECT_EQ(v.grid.TopRow(), 2) << "scrolled by one row to show it whole";
+    press(Qt::Key_Right);
+    EXPECT_EQ(v.grid.Col(), 2);
+    press(Qt::Key_Up);
+    press(Qt::Key_Up);
+    EXPECT_EQ(v.grid.Row(), lastWhole - 1);
+    EXPECT_EQ(v.grid.TopRow(), 2);
+    v.grid.SetRow(1);
+    press(Qt::Key_Up);
+    EXPECT_EQ(v.grid.Row(), 1) << "the fixed row is not reached";
+    EXPECT_EQ(v.grid.TopRow(), 1);
 }
 
 TEST(FlexGridWidget, DetachedViewPaintsNothingAndIgnoresClicks) {

@@ -166,6 +166,20 @@ TEST(MainFrame, UnloadFromCodeClosesTheSubWindow) {
     EXPECT_EQ(f.SubWindows(), 0);
 }
 
+TEST(MainFrame, WindowsWithoutAPlaceAreCascaded) {
+    Framed f;
+    f.Pick("停车费明细表");
+    f.Pick("预开票汇总表");
+    Form* first = f.mdi->Windows.Find("frm停车费明细表New");
+    Form* second = f.mdi->Windows.Find("frm预开票汇总表");
+    ASSERT_NE(first, nullptr);
+    ASSERT_NE(second, nullptr);
+    EXPECT_EQ(first->Left(), 0);
+    EXPECT_EQ(second->Left(), 24 * 15) << "one step down and right, and the model knows it";
+    EXPECT_EQ(second->Top(), 24 * 15);
+    EXPECT_EQ(f.frame->SubWindowOf(*second)->pos(), QPoint(24, 24));
+}
+
 TEST(MainFrame, CloseBoxAnsweredNoKeepsTheProgram) {
     Framed f;
     f.Pick("开票票据核对表");
