@@ -5,7 +5,6 @@
 #include <QPainter>
 #include <QPointer>
 #include <QScrollBar>
-#include <QSignalBlocker>
 
 #include <algorithm>
 #include <vector>
@@ -174,12 +173,14 @@ bool FlexGridWidget::CellAt(const QPoint& pos, int& row, int& col) const {
 
 // --- scrolling: by whole rows and columns, as the old grid scrolled
 
+// The bars' signals stay live, since the area shows or hides a bar on its range; while the
+// view itself moves them, their moves are not handed back to the model.
 void FlexGridWidget::UpdateScrollBars() {
-    QSignalBlocker blockV(verticalScrollBar());
-    QSignalBlocker blockH(horizontalScrollBar());
+    syncing_ = true;
     if (!grid_) {
         verticalScrollBar()->setRange(0, 0);
         horizontalScrollBar()->setRange(0, 0);
+        syncing_ = false;
         return;
     }
     const int maxTop = MaxTopRow();
@@ -188,19 +189,20 @@ void FlexGridWidget::UpdateScrollBars() {
     verticalScrollBar()->setPageStep(std::max(1, grid_->Rows() - maxTop));
     horizontalScrollBar()->setRange(0, maxLeft - grid_->FixedCols());
     horizontalScrollBar()->setPageStep(std::max(1, grid_->Cols() - maxLeft));
+    syncing_ = false;
     SyncScrollBars();
 }
 
 void FlexGridWidget::SyncScrollBars() {
     if (!grid_) return;
-    QSignalBlocker blockV(verticalScrollBar());
-    QSignalBlocker blockH(horizontalScrollBar());
+    syncing_ = true;
     verticalScrollBar()->setValue(TopRow() - grid_->FixedRows());
     horizontalScrollBar()->setValue(LeftCol() - grid_->FixedCols());
+    syncing_ = false;
 }
 
 void FlexGridWidget::scrollContentsBy(int, int) {
-    if (!grid_) return;
+    if (!grid_ || syncing_) return;
     grid_->SetTopRow(grid_->FixedRows() + verticalScrollBar()->value());
     grid_->SetLeftCol(grid_->FixedCols() + horizontalScrollBar()->value());
     viewport()->update();

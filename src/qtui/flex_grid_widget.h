@@ -69,6 +69,7 @@ private:
     int pressRow_ = -1;
     int pressCol_ = -1;
     bool swallowRelease_ = false;
+    bool syncing_ = false; // the view moves its own scroll bars
     int lastPaintedRows_ = 0;
 };
 

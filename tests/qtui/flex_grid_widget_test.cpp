@@ -124,13 +124,20 @@ TEST(FlexGridWidget, FixedRowsAndColumnsStayWhileTheRestScrolls) {
 TEST(FlexGridWidget, ScrollBarEndsWhereTheLastRowShowsWhole) {
     GridView v(100, 3, 300, 200);
     QScrollBar* bar = v.view->verticalScrollBar();
+    EXPECT_TRUE(bar->isVisible());
+    EXPECT_FALSE(v.view->horizontalScrollBar()->isVisible()) << "all columns show";
     bar->setValue(bar->maximum());
     const QRect last = v.view->CellRect(99, 1);
     EXPECT_LE(last.bottom(), v.view->viewport()->height() - 1) << "the last row shows whole";
     EXPECT_GT(last.bottom() + last.height(), v.view->viewport()->height() - 1)
         << "and no row's room is left empty below it";
     v.grid.SetRows(3); // the report shrank
+    QApplication::processEvents(); // the area shows or hides its bars when it next runs
     EXPECT_EQ(bar->maximum(), 0);
+    EXPECT_FALSE(bar->isVisible());
+    v.grid.SetRows(60); // and grew again after the view was shown
+    QApplication::processEvents();
+    EXPECT_TRUE(bar->isVisible());
 }
 
 TEST(FlexGridWidget, MergedHeaderIsOneBlockWithoutInnerLine) {
