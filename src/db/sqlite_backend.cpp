@@ -128,7 +128,8 @@ public:
     }
 
     std::shared_ptr<Cursor> Execute(const std::string& sql, int commandTimeout) override {
-        std::string text = TranslateTsqlToSqlite(sql);
+        std::string text =
+            TranslateTsqlToSqlite(sql, [this](const std::string& table) { return ColumnsOf(table); });
         sqlite3_stmt* stmt = nullptr;
         const char* tail = nullptr;
         if (sqlite3_prepare_v2(handle_->db, text.c_str(), static_cast<int>(text.size()), &stmt, &tail) !=
@@ -139,6 +140,19 @@ public:
     }
 
 private:
+    std::vector<std::string> ColumnsOf(const std::string& table) {
+        std::vector<std::string> names;
+        sqlite3_stmt* stmt = nullptr;
+        if (sqlite3_prepare_v2(handle_->db, "SELECT name FROM pragma_table_info(?)", -1, &stmt, nullptr) !=
+            SQLITE_OK)
+            return names;
+        sqlite3_bind_text(stmt, 1, table.c_str(), static_cast<int>(table.size()), SQLITE_TRANSIENT);
+        while (sqlite3_step(stmt) == SQLITE_ROW)
+            names.emplace_back(reinterpret_cast<const char*>(sqlite3_column_text(stmt, 0)));
+        sqlite3_finalize(stmt);
+        return names;
+    }
+
     std::shared_ptr<SqliteHandle> handle_;
 };
 

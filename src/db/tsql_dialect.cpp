@@ -2,6 +2,7 @@
 
 #include <sqlite3.h>
 
+#include <map>
 #include <optional>
 
 #include "base/date_time.h"
@@ -116,6 +117,97 @@ void QualifyOrderByNames(Tokens& t) {
             if (!col.name.empty() && EqualsIgnoreAsciiCase(col.name, name) && !match) match = &col;
         }
         if (match && !aliased) t[s[0]] = SqlToken{SqlTokenKind::Word, match->qualified};
+    }
+}
+
+bool IsClauseEnd(const SqlToken& t) {
+    static constexpr std::string_view kEnds[] = {"INNER", "LEFT",  "RIGHT", "FULL",  "CROSS", "JOIN",
+                                                 "WHERE", "GROUP", "ORDER", "UNION", "HAVING"};
+    for (auto word : kEnds)
+        if (t.IsWord(word)) return true;
+    return t.IsPunct(')') || t.IsPunct(',');
+}
+
+// One table of a FROM clause: its name (empty for a derived table) and what it is called.
+struct JoinedTable {
+    std::string table;
+    std::string reference;
+};
+
+// SQL Server binds an unqualified name in a join's ON to the tables joined so far; SQLite looks
+// at every table of the FROM, and calls "Inner join setupsfxm on 收费项目代号=dh Inner Join
+// 税控盘收费项目设置 …" ambiguous. So a bare name in an ON that only one table in scope has is
+// qualified with that table. Each parenthesised level is its own scope.
+void QualifyJoinNames(Tokens& t, const ColumnLookup& lookup) {
+    if (!lookup) return;
+    std::map<std::string, std::vector<std::string>> cache;
+    auto columnsOf = [&](const std::string& table) -> const std::vector<std::string>& {
+        auto key = FoldedAscii(table);
+        auto it = cache.find(key);
+        if (it == cache.end()) it = cache.emplace(key, lookup(table)).first;
+        return it->second;
+    };
+    // scopes[depth]: the tables joined so far at that parenthesis depth.
+    std::vector<std::vector<JoinedTable>> scopes(1);
+    for (size_t i = 0; i < t.size(); ++i) {
+        if (t[i].IsPunct('(')) {
+            scopes.emplace_back();
+            continue;
+        }
+        if (t[i].IsPunct(')')) {
+            if (scopes.size() > 1) scopes.pop_back();
+            continue;
+        }
+        auto& scope = scopes.back();
+        if (t[i].IsWord("FROM") || t[i].IsWord("JOIN")) {
+            if (t[i].IsWord("FROM")) scope.clear();
+            size_t n = NextSolid(t, i + 1);
+            if (n >= t.size()) break;
+            JoinedTable joined;
+            size_t afterSource = n + 1;
+            if (t[n].IsPunct('(')) {
+                afterSource = MatchingParen(t, n) + 1; // a derived table: its columns are not known here
+            } else if (t[n].IsName()) {
+                joined.table = t[n].Name();
+                joined.reference = t[n].text;
+            }
+            size_t a = NextSolid(t, afterSource);
+            if (a < t.size() && t[a].IsWord("AS")) a = NextSolid(t, a + 1);
+            if (a < t.size() && t[a].IsName() && !t[a].IsWord("ON") && !IsClauseEnd(t[a]))
+                joined.reference = t[a].text;
+            scope.push_back(joined);
+            continue;
+        }
+        if (!t[i].IsWord("ON")) continue;
+        int depth = 0;
+        for (size_t k = i + 1; k < t.size(); ++k) {
+            if (t[k].IsPunct('('))
+                ++depth;
+            else if (t[k].IsPunct(')')) {
+                if (depth-- == 0) break;
+            } else if (depth == 0 && IsClauseEnd(t[k]))
+                break;
+            if (!t[k].IsName()) continue;
+            size_t prev = k;
+            while (prev > 0 && t[prev - 1].IsTrivia()) --prev;
+            size_t next = NextSolid(t, k + 1);
+            bool qualified =
+                (prev > 0 && t[prev - 1].IsPunct('.')) || (next < t.size() && t[next].IsPunct('.'));
+            bool call = next < t.size() && t[next].IsPunct('(');
+            if (qualified || call) continue;
+            const JoinedTable* owner = nullptr;
+            int owners = 0;
+            for (const auto& joined : scope) {
+                if (joined.table.empty()) continue;
+                for (const auto& column : columnsOf(joined.table))
+                    if (EqualsIgnoreAsciiCase(column, t[k].Name())) {
+                        owner = &joined;
+                        ++owners;
+                        break;
+                    }
+            }
+            if (owners == 1) t[k] = SqlToken{SqlTokenKind::Word, owner->reference + "." + t[k].text};
+        }
     }
 }
 
@@ -260,9 +352,10 @@ void CharIndexFn(sqlite3_context* ctx, int argc, sqlite3_value** argv) {
 
 } // namespace
 
-std::string TranslateTsqlToSqlite(std::string_view tsql) {
+std::string TranslateTsqlToSqlite(std::string_view tsql, const ColumnLookup& columns) {
     Tokens tokens = TokenizeSql(tsql);
     QualifyOrderByNames(tokens);
+    QualifyJoinNames(tokens, columns);
     return Translate(tokens, 0, tokens.size());
 }
 

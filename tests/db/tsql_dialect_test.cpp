@@ -145,6 +145,36 @@ TEST_F(TsqlOnSqlite, UnqualifiedOrderByNameBindsToTheSelectedColumn) {
     }
 }
 
+TEST(TsqlJoinScope, AnOnNameBindsToTheTablesJoinedSoFar) {
+    TempSqliteFile file;
+    file.Exec(R"(
+CREATE TABLE 开票行 (收费项目代号 TEXT COLLATE NOCASE, 金额 REAL);
+CREATE TABLE setupsfxm (DH TEXT COLLATE NOCASE, XM TEXT, 税率 REAL);
+CREATE TABLE 税控盘收费项目设置 (DH TEXT COLLATE NOCASE, 税率 REAL, 管理处 TEXT);
+INSERT INTO 开票行 VALUES ('WYF', 100), ('TCF', 50);
+INSERT INTO setupsfxm VALUES ('wyf', '物业费', 6), ('TCF', '停车费', 9);
+INSERT INTO 税控盘收费项目设置 VALUES ('WYF', 6, '01'), ('TCF', 9, '02');
+)");
+    Connection conn;
+    conn.ConnectionString = file.SqliteConnectionText();
+    conn.Open();
+    // dh is in both joined tables, but when its ON is read only setupsfxm has been joined.
+    auto rs = conn.OpenRecordset(
+        "Select 收费项目代号, 税控盘收费项目设置.税率, XM From 开票行 inner join setupsfxm on "
+        "收费项目代号=dh Inner Join 税控盘收费项目设置 ON setupsfxm.dh = 税控盘收费项目设置.DH "
+        "Where 税控盘收费项目设置.管理处 ='01' order by 收费项目代号");
+    ASSERT_FALSE(rs.Eof());
+    EXPECT_EQ(rs.Fields("XM").Value().AsText(), "物业费");
+    EXPECT_EQ(rs.Fields("税率").Value().AsNumber(), 6);
+    rs.MoveNext();
+    EXPECT_TRUE(rs.Eof());
+    // In WHERE every table is in scope: a bare dh there stays ambiguous, as on SQL Server.
+    EXPECT_THROW(
+        conn.OpenRecordset("Select XM From 开票行 inner join setupsfxm on 收费项目代号=dh Inner Join "
+                           "税控盘收费项目设置 ON setupsfxm.dh = 税控盘收费项目设置.DH Where dh = 'WYF'"),
+        DbError);
+}
+
 TEST_F(TsqlOnSqlite, EmptyInListFailsAsOnSqlServer) {
     for (const char* sql :
          {"Select * From 票据 Where 票据编号 In ()", "Select * From 票据 Where 票据编号 IN (  )",
