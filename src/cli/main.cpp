@@ -16,11 +16,14 @@ constexpr const char* kUsage =
     "usage:\n"
     "  quillon-cli demo-db FILE [--invoices N] [--seed S]   write the demo billing database\n"
     "  quillon-cli catalog --db FILE                        print the catalogues the windows load\n"
-    "  quillon-cli start [--config DIR]                     start as the program does, from the settings "
-    "store\n"
+    "  quillon-cli start [--config DIR]                     start as the program does, from the settings\n"
+    "                                                       store\n"
     "  quillon-cli run recon --db FILE --form 票据核对表|票据核对表New --dept CODE [--office CODE]\n"
-    "                    --year YYYY --from MM --to MM [--tsv FILE] [--sql-log FILE]\n"
-    "                                                       run a report window, print its grid as TSV\n";
+    "                    --year YYYY --from MM --to MM [--tsv FILE] [--xlsx FILE] [--sql-log FILE]\n"
+    "  quillon-cli run deptrate --db FILE (--depts CODE[,CODE...] | --all) --start YYYY-MM-DD\n"
+    "                    --end YYYY-MM-DD [--tsv FILE] [--xlsx FILE] [--sql-log FILE]\n"
+    "                                                       run a report window, print its grid as TSV,\n"
+    "                                                       save its workbook\n";
 
 } // namespace
 

@@ -6,6 +6,7 @@
 #include "cli/cli_commands.h"
 #include "cli/grid_tsv.h"
 #include "cli/run_reports.h"
+#include "controls/command_button.h"
 #include "controls/scripted_dialogs.h"
 #include "db/connection.h"
 
@@ -50,8 +51,15 @@ void WriteReportGrid(const FlexGrid& grid, const CliOptions& options) {
     }
 }
 
-int ReportExitStatus(const ScriptedDialogs& dialogs) {
-    return dialogs.Messages().empty() ? 0 : 1;
+int FinishReportRun(const CliOptions& options, ScriptedDialogs& dialogs, CommandButton& exportButton,
+                    const std::string& exportedMessage) {
+    if (auto path = options.Get("xlsx")) {
+        dialogs.QueueSaveFileName(*path);
+        exportButton.Click();
+    }
+    for (const auto& m : dialogs.Messages())
+        if (m.Text != exportedMessage) return 1;
+    return 0;
 }
 
 int RunRunCommand(const std::vector<std::string>& args) {

@@ -69,15 +69,7 @@ int RunDeptRateReport(const std::vector<std::string>& args) {
     w.DTPicker2.SetValue(end);
     w.Command3.Click();
     WriteReportGrid(w.MSFlexGrid1, options);
-
-    if (auto path = options.Get("xlsx")) {
-        dialogs.QueueSaveFileName(*path);
-        w.Command2.Click();
-    }
-    const auto& messages = dialogs.Messages();
-    const bool clean = std::all_of(messages.begin(), messages.end(),
-                                   [](const RecordedMessage& m) { return m.Text == kExported; });
-    return clean ? 0 : 1;
+    return FinishReportRun(options, dialogs, w.Command2, kExported);
 }
 
 } // namespace quillon

@@ -11,7 +11,8 @@
 namespace quillon {
 
 int RunReconReport(const std::vector<std::string>& args) {
-    CliOptions options(args, {"db", "form", "dept", "office", "year", "from", "to", "tsv", "sql-log"});
+    CliOptions options(args,
+                       {"db", "form", "dept", "office", "year", "from", "to", "tsv", "xlsx", "sql-log"});
     if (!options.Positional().empty()) throw UsageError("unexpected '" + options.Positional().front() + "'");
     const std::string form = options.Require("form");
     if (form != "票据核对表" && form != "票据核对表New")
@@ -44,14 +45,15 @@ int RunReconReport(const std::vector<std::string>& args) {
         std::fprintf(stderr, "quillon-cli run recon: no department entry for %s\n", wanted.c_str());
         return 1;
     }
-    w->List1.SetListIndex(entry);
+    // The year first: the department's click puts the year of that moment into the title.
     w->Combo1.SetText(year);
     w->Combo2.SetText(from);
     w->Combo3.SetText(to);
+    w->List1.SetListIndex(entry);
     w->Command3.Click();
 
     WriteReportGrid(w->MSFlexGrid1, options);
-    return ReportExitStatus(dialogs);
+    return FinishReportRun(options, dialogs, w->Command2, "票据核对表导出成功！");
 }
 
 } // namespace quillon

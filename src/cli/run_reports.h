@@ -12,6 +12,7 @@
 
 namespace quillon {
 
+class CommandButton;
 class FlexGrid;
 class ScriptedDialogs;
 
@@ -34,7 +35,10 @@ private:
 // The grid as TSV to --tsv FILE, or to stdout.
 void WriteReportGrid(const FlexGrid& grid, const CliOptions& options);
 
-// Exit status of a run: 0 when it showed no message, 1 when it ended in one.
-int ReportExitStatus(const ScriptedDialogs& dialogs);
+// The end of every run: with --xlsx FILE the save dialog is answered with FILE and the window's
+// export button clicked. Exit status 0 when no message was shown but the export's success
+// message, 1 otherwise.
+int FinishReportRun(const CliOptions& options, ScriptedDialogs& dialogs, CommandButton& exportButton,
+                    const std::string& exportedMessage);
 
 } // namespace quillon

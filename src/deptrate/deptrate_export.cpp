@@ -48,17 +48,10 @@ void frm部门开票分税率统计表::ExportDeptSummary() {
                        sheet.Range(4, 1, 5, L).SetHorizontalAlignment(xlCenter);
 
                        // Both header rows, widths from each; the second row's widths are the ones that stay.
-                       // Written here rather than by CopyGridHeaderRow, which would take the end column
-                       // along.
+                       // The grid's end column stays out of the sheet.
                        g.SetVisible(false);
-                       for (int gridRow = 0; gridRow <= 1; ++gridRow) {
-                           for (int i = 0; i <= g.Cols() - 2; ++i) {
-                               g.SetRow(gridRow);
-                               g.SetCol(i);
-                               sheet.Columns(i + 1).SetColumnWidth(g.CellWidth() / 110.0);
-                               sheet.Cells(4 + gridRow, i + 1).SetValue(g.TextMatrix(gridRow, i));
-                           }
-                       }
+                       CopyGridHeaderRow(g, 0, sheet, 4, L);
+                       CopyGridHeaderRow(g, 1, sheet, 5, L);
                        g.SetVisible(true);
 
                        sheet.Range(4, 1, 5, 1).SetMergeCells(true);

@@ -13,6 +13,14 @@ struct ReconHeaderColumn {
     int width;          // twips
 };
 
+// A merge of the workbook's header row 4 over sheet columns first..last; a span that reaches
+// over the categories ends N columns further.
+struct ReconSheetSpan {
+    int firstCol;
+    int lastCol;
+    bool overCategories = false;
+};
+
 struct ReconForm {
     const char* formName;
     BillTypeWindow billTypes; // statement of the type lists, and what the fourth list holds
@@ -34,6 +42,11 @@ struct ReconForm {
 
     // Appended to both pre-invoice adjustment statements.
     const char* adjustmentCondition;
+
+    // Workbook: the row-4 header merges beyond the first three columns, and the closing line.
+    // The New form merges 4..7 into one cell, so 增值税普通发票 is lost under 增值税专用发票.
+    ReconSheetSpan headerSpans[4];
+    const char* closingLine;
 };
 
 inline constexpr ReconForm kReconForm = {
@@ -60,6 +73,9 @@ inline constexpr ReconForm kReconForm = {
     .thirdNetField = "全电发票",
     .thirdTaxField = "全电税额",
     .adjustmentCondition = " And 内换日期 Is Null",
+    .headerSpans = {{4, 5}, {6, 7}, {8, 9}, {10, 10, true}},
+    .closingLine =
+        " 核对结果: 相符 ( 专用发票 + 普通发票 + 全电发票 = 财务交账 - 当月收预开票 + 当月未收预开票 )",
 };
 
 inline constexpr ReconForm kReconFormNew = {
@@ -89,6 +105,9 @@ inline constexpr ReconForm kReconFormNew = {
     .thirdNetField = "S收据",
     .thirdTaxField = nullptr,
     .adjustmentCondition = "",
+    .headerSpans = {{4, 7}, {9, 9, true}, {0, 0}, {0, 0}},
+    .closingLine =
+        " 核对结果: 相符 ( 专用发票 + 普通发票 + 收据 = 财务交账 - 当月收预开票 + 当月未收预开票 )",
 };
 
 } // namespace quillon

@@ -72,6 +72,7 @@ ReconWindow::ReconWindow(const ReconForm& form, AppSession& session, Dialogs& di
     List1.Click.Connect([this] { List1_Click(); });
     Command1.Clicked.Connect([this] { Command1_Click(); });
     Command3.Clicked.Connect([this] { Command3_Click(); });
+    Command2.Clicked.Connect([this] { Command2_Click(); });
 
     SetClientSize(kFrameClientWidth, kFrameClientHeight);
 }

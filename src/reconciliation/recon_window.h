@@ -52,6 +52,7 @@ public:
     void List1_Click();
     void Command1_Click();
     void Command3_Click();
+    void Command2_Click();
 
     // The columns after the categories, for N categories.
     int SubtotalCol(int n) const { return form_.firstCategoryCol + n; }
@@ -74,6 +75,9 @@ protected:
                                     const std::string& OfficeCode);
     void WriteVerdicts();
     void AddGrandTotalRow();
+
+    // The workbook of the grid as it stands (recon_export.cpp).
+    void ExportReconWorkbook();
 
 private:
     void RunReconciliation();

@@ -71,8 +71,9 @@ void RunSheetWriter(Dialogs& dialogs, const std::string& fileName, const std::st
     }
 }
 
-void CopyGridHeaderRow(FlexGrid& grid, int gridRow, Worksheet& sheet, int sheetRow) {
-    for (int i = 0; i < grid.Cols(); ++i) {
+void CopyGridHeaderRow(FlexGrid& grid, int gridRow, Worksheet& sheet, int sheetRow, int columns) {
+    const int count = columns < 0 ? grid.Cols() : columns;
+    for (int i = 0; i < count; ++i) {
         grid.SetRow(gridRow);
         grid.SetCol(i);
         sheet.Columns(i + 1).SetColumnWidth(grid.CellWidth() / 110.0);

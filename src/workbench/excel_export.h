@@ -57,8 +57,9 @@ std::string ExportSavePath(const std::string& fileName);
 void RunSheetWriter(Dialogs& dialogs, const std::string& fileName, const std::string& successMessage,
                     WriterTrap trap, const std::function<void(Worksheet&)>& writeSheet);
 
-// Header row copy: for each grid column make (gridRow, column) current, set the sheet column's
-// width to its CellWidth / 110, and write its text into sheetRow. The caller hides the grid.
-void CopyGridHeaderRow(FlexGrid& grid, int gridRow, Worksheet& sheet, int sheetRow);
+// Header row copy: for each of the first `columns` grid columns (all when -1) make (gridRow,
+// column) current, set the sheet column's width to its CellWidth / 110, and write its text into
+// sheetRow. The caller hides the grid.
+void CopyGridHeaderRow(FlexGrid& grid, int gridRow, Worksheet& sheet, int sheetRow, int columns = -1);
 
 } // namespace quillon
