@@ -137,7 +137,7 @@ void FlexGrid::SetFixedRows(int rows) {
     if (rows < 0 || rows > Rows()) ThrowInvalidPropertyValue();
     if (rows == fixedRows_) return;
     fixedRows_ = rows;
-    topRow_ = std::clamp(topRow_, fixedRows_, std::max(Rows() - 1, fixedRows_));
+    topRow_ = fixedRows_; // a new fixed band scrolls back to the first scrolling row
     NotifyContent(Aspect::Layout);
 }
 
@@ -145,7 +145,7 @@ void FlexGrid::SetFixedCols(int cols) {
     if (cols < 0 || cols > Cols()) ThrowInvalidPropertyValue();
     if (cols == fixedCols_) return;
     fixedCols_ = cols;
-    leftCol_ = std::clamp(leftCol_, fixedCols_, std::max(Cols() - 1, fixedCols_));
+    leftCol_ = fixedCols_; // a new fixed band scrolls back to the first scrolling column
     NotifyContent(Aspect::Layout);
 }
 

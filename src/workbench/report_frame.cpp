@@ -121,6 +121,9 @@ ReportForm::ReportForm(std::string name, std::string caption, Dialogs& dialogs)
     StatusBar1.Panels(1).SetText("单位");
     StatusBar1.Panels(3).SetText("用户");
     StatusBar1.Panels(5).SetText("岗位");
+
+    // The window opens at its design size: the client area laid out above, plus border and caption.
+    Move(0, 0, w + 240, h + 510);
 }
 
 void ReportForm::SetStatusPanels(const std::string& text1, const std::string& text2,

@@ -236,6 +236,22 @@ TEST(FlexGrid, CellGeometryIsTheSumOfWidthsAndHeightsBeforeTheCell) {
     }
 }
 
+TEST(FlexGrid, ChangingTheFixedBandScrollsBackToItsFirstScrollingCell) {
+    // A grid without fixed columns (the reconciliation grid) must show its column 0.
+    FlexGrid grid;
+    grid.SetRows(10);
+    grid.SetCols(4);
+    grid.SetTopRow(5);
+    grid.SetFixedCols(0);
+    grid.SetFixedRows(2);
+    EXPECT_EQ(grid.LeftCol(), 0);
+    EXPECT_EQ(grid.TopRow(), 2);
+    grid.SetRow(2);
+    grid.SetCol(0);
+    EXPECT_EQ(grid.CellLeft(), 0);
+    EXPECT_EQ(grid.CellTop(), 2 * kDefaultRowHeight);
+}
+
 TEST(FlexGrid, ClickOnAScrollingCellMakesItCurrentClickOnAHeaderDoesNot) {
     FlexGrid grid;
     grid.SetRows(5);
