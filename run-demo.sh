@@ -5,10 +5,11 @@ cd "$(dirname "$0")"
 
 SUDO=""
 [ "$(id -u)" -eq 0 ] || SUDO="sudo"
+export DEBIAN_FRONTEND=noninteractive
 if ! dpkg -s $(grep -v '^#' .ci/packages) >/dev/null 2>&1; then
   $SUDO apt-get update
   # shellcheck disable=SC2046
-  $SUDO DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends $(grep -v '^#' .ci/packages)
+  $SUDO apt-get install -y --no-install-recommends $(grep -v '^#' .ci/packages)
 fi
 
 cmake -S . -B build -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo
@@ -22,5 +23,6 @@ fi
 demo="${XDG_DATA_HOME:-$HOME/.local/share}/Quillon/demo.db"
 mkdir -p "$(dirname "$demo")"
 [ -f "$demo" ] || build/src/quillon-cli demo-db "$demo"
-echo "No display: showing the catalogues of $demo through quillon-cli."
-exec build/src/quillon-cli catalog --db "$demo"
+echo "No display: the reconciliation report of 2024 for 天河花园管理处, headless, from $demo." >&2
+exec build/src/quillon-cli run recon --db "$demo" --form 票据核对表 --dept 010101 --office 1 \
+  --year 2024 --from 01 --to 12
