@@ -51,40 +51,18 @@ struct GridView {
     QImage Paint() { return Snapshot(*view->viewport()); }
     QColor PixelAtCentre(int row, int col) { return Paint().pixelColor(view->CellRect(row, col).center()); }
 
-    void Mouse(QEvent::Type type, int row, int col) {
-        const QPointF at = view->CellRect(row, col).center();
+    void Mouse(QEvent::Type type, QPointF at) {
         QMouseEvent event(type, at, view->viewport()->mapToGlobal(at), Qt::LeftButton,
                           type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton, Qt::NoModifier);
         QApplication::sendEvent(view->viewport(), &event);
     }
+    void Mouse(QEvent::Type type, int row, int col) { Mouse(type, view->CellRect(row, col).center()); }
+    void Click(QPointF at) {
+        Mouse(QEvent::MouseButtonPress, at);
+        Mouse(QEvent::MouseButtonRelease, at);
+    }
+    void Click(int row, int col) { Click(view->CellRect(row, col).center()); }
 };
-
-TEST(QtConvert, TwipsPixelsAndColours) {
-    struct Twips {
-        int twips;
-        int pixels;
-    } twips[] = {{15, 1}, {7, 0}, {8, 1}, {-8, -1}, {240, 16}, {960, 64}, {0, 0}};
-    for (const auto& c : twips) {
-        SCOPED_TRACE(c.twips);
-        EXPECT_EQ(TwipsToPixels(c.twips), c.pixels);
-    }
-    struct Colour {
-        const char* why;
-        std::uint32_t bgr;
-        QColor colour;
-    } colours[] = {
-        {"小计 cells: blue is the high byte", 0xC0E0FF, QColor(0xFF, 0xE0, 0xC0)},
-        {"合计 cells", 0xFFC0C0, QColor(0xC0, 0xC0, 0xFF)},
-        {"pure red is the low byte", 0x0000FF, QColor(0xFF, 0x00, 0x00)},
-        {"the system window colour", 0x80000005, kWhite},
-        {"the system button face", 0x8000000F, kButtonFace},
-        {"the system window text", 0x80000008, QColor(0, 0, 0)},
-    };
-    for (const auto& c : colours) {
-        SCOPED_TRACE(c.why);
-        EXPECT_EQ(ColorFromBgr(c.bgr), c.colour);
-    }
-}
 
 TEST(FlexGridWidget, PaintsCellColoursOfTheModel) {
     GridView v(5, 4);
@@ -131,7 +109,7 @@ TEST(FlexGridWidget, ScrollBarEndsWhereTheLastRowShowsWhole) {
     EXPECT_LE(last.bottom(), v.view->viewport()->height() - 1) << "the last row shows whole";
     EXPECT_GT(last.bottom() + last.height(), v.view->viewport()->height() - 1)
         << "and no row's room is left empty below it";
-    v.grid.SetRows(3); // the report shrank
+    v.grid.SetRows(3);             // the report shrank
     QApplication::processEvents(); // the area shows or hides its bars when it next runs
     EXPECT_EQ(bar->maximum(), 0);
     EXPECT_FALSE(bar->isVisible());
@@ -156,7 +134,7 @@ TEST(FlexGridWidget, MergedHeaderIsOneBlockWithoutInnerLine) {
     EXPECT_EQ(image.pixelColor(seam, top), kButtonFace) << "no line inside the merged block";
     EXPECT_NE(image.pixelColor(seam, below), kButtonFace) << "the row below keeps its line";
     // The caption is centred over both columns: its ink straddles the seam.
-    const QList<int> ink = DarkColumns(image, v.view->CellRect(0, 1).united(v.view->CellRect(0, 2)));
+    const QList<int> ink = Ink(image, v.view->CellRect(0, 1).united(v.view->CellRect(0, 2)), Qt::Horizontal);
     ASSERT_FALSE(ink.isEmpty());
     EXPECT_LT(ink.first(), seam);
     EXPECT_GT(ink.last(), seam);
@@ -168,22 +146,22 @@ TEST(FlexGridWidget, TextFollowsAlignmentAndWordWrap) {
     v.grid.SetTextMatrix(1, 1, "8888");
     v.grid.SetColAlignment(1, flexAlignLeftCenter);
     const QRect cell = v.view->CellRect(1, 1);
-    QList<int> ink = DarkColumns(v.Paint(), cell);
+    QList<int> ink = Ink(v.Paint(), cell, Qt::Horizontal);
     ASSERT_FALSE(ink.isEmpty());
     EXPECT_LT(ink.last(), cell.center().x()) << "left aligned";
     v.grid.SetColAlignment(1, flexAlignRightCenter);
-    ink = DarkColumns(v.Paint(), cell);
+    ink = Ink(v.Paint(), cell, Qt::Horizontal);
     ASSERT_FALSE(ink.isEmpty());
     EXPECT_GT(ink.first(), cell.center().x()) << "right aligned";
 
     v.grid.SetRowHeight(2, 720); // 48 px, room for three lines
     v.grid.SetTextMatrix(2, 1, "很长的文字需要在格子里折行显示");
     const QRect tall = v.view->CellRect(2, 1);
-    QList<int> lines = DarkRows(v.Paint(), tall);
+    QList<int> lines = Ink(v.Paint(), tall, Qt::Vertical);
     ASSERT_FALSE(lines.isEmpty());
     EXPECT_LT(lines.last() - lines.first(), 16) << "one line without WordWrap";
     v.grid.SetWordWrap(true);
-    lines = DarkRows(v.Paint(), tall);
+    lines = Ink(v.Paint(), tall, Qt::Vertical);
     ASSERT_FALSE(lines.isEmpty());
     EXPECT_GT(lines.last() - lines.first(), 16) << "several lines with WordWrap";
 }
@@ -194,22 +172,19 @@ TEST(FlexGridWidget, ClicksReachTheModelAndItsEvents) {
     v.grid.Click.Connect([&] { ++clicks; });
     v.grid.DblClick.Connect([&] { ++doubles; });
 
-    v.Mouse(QEvent::MouseButtonPress, 3, 2);
-    v.Mouse(QEvent::MouseButtonRelease, 3, 2);
+    v.Click(3, 2);
     EXPECT_EQ(clicks, 1);
     EXPECT_EQ(v.grid.Row(), 3);
     EXPECT_EQ(v.grid.Col(), 2);
 
-    v.Mouse(QEvent::MouseButtonPress, 0, 1); // a header cell
-    v.Mouse(QEvent::MouseButtonRelease, 0, 1);
+    v.Click(0, 1); // a header cell
     EXPECT_EQ(clicks, 2);
     EXPECT_EQ(v.grid.MouseRow(), 0);
     EXPECT_EQ(v.grid.MouseCol(), 1);
     EXPECT_EQ(v.grid.Row(), 3) << "a fixed cell does not become current";
 
     // A double click: press, release, double-click, release.
-    v.Mouse(QEvent::MouseButtonPress, 4, 3);
-    v.Mouse(QEvent::MouseButtonRelease, 4, 3);
+    v.Click(4, 3);
     v.Mouse(QEvent::MouseButtonDblClick, 4, 3);
     v.Mouse(QEvent::MouseButtonRelease, 4, 3);
     EXPECT_EQ(clicks, 3) << "the double click's first half is a click, its end is not";
@@ -217,13 +192,7 @@ TEST(FlexGridWidget, ClicksReachTheModelAndItsEvents) {
     EXPECT_EQ(v.grid.Row(), 4);
     EXPECT_EQ(v.grid.Col(), 3);
 
-    // Below the last row there is no cell.
-    const QPointF empty(10, v.view->viewport()->height() - 3);
-    QMouseEvent press(QEvent::MouseButtonPress, empty, empty, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
-    QMouseEvent release(QEvent::MouseButtonRelease, empty, empty, Qt::LeftButton, Qt::NoButton,
-                        Qt::NoModifier);
-    QApplication::sendEvent(v.view->viewport(), &press);
-    QApplication::sendEvent(v.view->viewport(), &release);
+    v.Click(QPointF(10, v.view->viewport()->height() - 3)); // below the last row there is no cell
     EXPECT_EQ(clicks, 3);
 }
 
@@ -257,11 +226,7 @@ TEST(FlexGridWidget, DetachedViewPaintsNothingAndIgnoresClicks) {
     v->binding->Detach();
     EXPECT_EQ(v->view->Grid(), nullptr);
     v->Paint(); // must not reach the model
-    const QPointF at(70, 20);
-    QMouseEvent press(QEvent::MouseButtonPress, at, at, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
-    QMouseEvent release(QEvent::MouseButtonRelease, at, at, Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
-    QApplication::sendEvent(v->view->viewport(), &press);
-    QApplication::sendEvent(v->view->viewport(), &release);
+    v->Click(QPointF(70, 20));
     EXPECT_EQ(clicks, 0);
 }
 

@@ -11,8 +11,6 @@
 #include <QMenuBar>
 #include <QPainter>
 
-#include <filesystem>
-
 #include "controls/flex_grid.h"
 #include "controls/screen.h"
 #include "controls/scripted_dialogs.h"
@@ -21,6 +19,7 @@
 #include "qtui/user_action.h"
 #include "shell/app_session.h"
 #include "shell/main_window.h"
+#include "support/temp_dir.h"
 
 namespace quillon {
 namespace {
@@ -32,20 +31,6 @@ public:
         AddControl(MSFlexGrid1);
     }
     FlexGrid MSFlexGrid1{"MSFlexGrid1"};
-};
-
-class TempFolder {
-public:
-    TempFolder() {
-        path_ = std::filesystem::temp_directory_path() /
-                ("quillon-frame-" + std::to_string(reinterpret_cast<std::uintptr_t>(this)));
-        std::filesystem::create_directories(path_);
-    }
-    ~TempFolder() { std::filesystem::remove_all(path_); }
-    std::string Path() const { return path_.string(); }
-
-private:
-    std::filesystem::path path_;
 };
 
 // A banner bitmap whose parts are told apart by colour: left part red, the strip green, the
@@ -60,7 +45,7 @@ QPixmap StripedBanner() {
 }
 
 struct Framed {
-    TempFolder folder;
+    TempDir folder;
     AppSession session;
     ScriptedDialogs dialogs;
     std::unique_ptr<MDIForm1> mdi;
@@ -72,9 +57,9 @@ struct Framed {
         if (withBackground) {
             QImage picture(64, 32, QImage::Format_RGB888);
             picture.fill(QColor(10, 200, 30));
-            picture.save(QString::fromStdString(folder.Path() + "/MDI.BMP"), "BMP");
+            picture.save(QString::fromStdString(folder.File("MDI.BMP")), "BMP");
         }
-        mdi = std::make_unique<MDIForm1>(session, dialogs, folder.Path());
+        mdi = std::make_unique<MDIForm1>(session, dialogs, folder.Path().string());
         mdi->Windows.Register("frm票据核对表",
                               [](AppSession&, Dialogs&) { return std::make_unique<GridWindow>(); });
         frame = std::make_unique<MainFrame>(*mdi, StripedBanner());
@@ -117,33 +102,33 @@ TEST(MainFrame, MenuBarFollowsTheMenuModel) {
     EXPECT_EQ(f.frame->windowTitle(), QString("Quillon收费报表"));
 }
 
-TEST(MainFrame, EntryOpensOneSubWindowAndBringsItForward) {
+TEST(MainFrame, OneSubWindowPerWindowBroughtForwardAndClosedBothWays) {
     Framed f;
     f.Pick("开票票据核对表");
     ASSERT_EQ(f.SubWindows(), 1);
-    Form* recon = f.mdi->Windows.Find("frm票据核对表");
+    auto* recon = dynamic_cast<GridWindow*>(f.mdi->Windows.Find("frm票据核对表"));
     ASSERT_NE(recon, nullptr);
     FormSubWindow* reconWindow = f.frame->SubWindowOf(*recon);
     ASSERT_NE(reconWindow, nullptr);
     EXPECT_EQ(reconWindow->windowTitle(), QString("开票票据核对表"));
+    recon->MSFlexGrid1.SetRows(30);
 
     f.Pick("关于软件");
     EXPECT_EQ(f.SubWindows(), 2);
     EXPECT_NE(f.frame->MdiArea()->activeSubWindow(), reconWindow);
+    Form* about = f.mdi->Windows.Find("frmAbout");
+    ASSERT_NE(about, nullptr);
+    EXPECT_GT(about->Left(), 0) << "the About box centres itself";
 
     f.Pick("开票票据核对表");
     EXPECT_EQ(f.SubWindows(), 2) << "not opened twice";
     EXPECT_EQ(f.frame->MdiArea()->activeSubWindow(), reconWindow) << "brought forward";
     EXPECT_EQ(f.mdi->Windows.Find("frm票据核对表"), recon);
-}
 
-TEST(MainFrame, ClosedSubWindowGivesAFreshWindowNextTime) {
-    Framed f;
-    f.Pick("开票票据核对表");
-    auto* recon = dynamic_cast<GridWindow*>(f.mdi->Windows.Find("frm票据核对表"));
-    ASSERT_NE(recon, nullptr);
-    recon->MSFlexGrid1.SetRows(30);
-    f.frame->SubWindowOf(*recon)->close(); // the window's close box
+    about->Unload(); // cmdOK: unloaded from code
+    QApplication::processEvents();
+    EXPECT_EQ(f.SubWindows(), 1);
+    reconWindow->close(); // the window's close box
     QApplication::processEvents();
     EXPECT_EQ(f.mdi->Windows.Find("frm票据核对表"), nullptr);
     EXPECT_EQ(f.SubWindows(), 0);
@@ -153,17 +138,6 @@ TEST(MainFrame, ClosedSubWindowGivesAFreshWindowNextTime) {
     ASSERT_NE(fresh, nullptr);
     EXPECT_EQ(fresh->MSFlexGrid1.Rows(), 2);
     EXPECT_EQ(f.SubWindows(), 1);
-}
-
-TEST(MainFrame, UnloadFromCodeClosesTheSubWindow) {
-    Framed f;
-    f.Pick("关于软件");
-    auto* about = f.mdi->Windows.Find("frmAbout");
-    ASSERT_NE(about, nullptr);
-    EXPECT_GT(about->Left(), 0) << "the About box centres itself";
-    about->Unload(); // cmdOK
-    QApplication::processEvents();
-    EXPECT_EQ(f.SubWindows(), 0);
 }
 
 TEST(MainFrame, WindowsWithoutAPlaceAreCascaded) {

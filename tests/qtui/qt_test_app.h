@@ -30,32 +30,20 @@ inline QImage Snapshot(QWidget& widget) {
     return widget.grab().toImage();
 }
 
-// Columns (x) of the image, within a rectangle, that hold a pixel darker than `limit`
-// on all three channels: where text was drawn.
-inline QList<int> DarkColumns(const QImage& image, const QRect& rect, int limit = 120) {
-    QList<int> columns;
-    for (int x = rect.left(); x <= rect.right(); ++x)
-        for (int y = rect.top(); y <= rect.bottom(); ++y) {
-            const QColor c = image.pixelColor(x, y);
-            if (c.red() < limit && c.green() < limit && c.blue() < limit) {
-                columns << x;
+// Where text was drawn within a rectangle: its columns (x, along Qt::Horizontal) or rows (y, along
+// Qt::Vertical) that hold a pixel darker than 120 on all three channels.
+inline QList<int> Ink(const QImage& image, const QRect& rect, Qt::Orientation along) {
+    const bool x = along == Qt::Horizontal;
+    QList<int> found;
+    for (int a = 0; a < (x ? rect.width() : rect.height()); ++a)
+        for (int b = 0; b < (x ? rect.height() : rect.width()); ++b) {
+            const QColor c = image.pixelColor(rect.topLeft() + (x ? QPoint(a, b) : QPoint(b, a)));
+            if (qMax(c.red(), qMax(c.green(), c.blue())) < 120) {
+                found << (x ? rect.left() : rect.top()) + a;
                 break;
             }
         }
-    return columns;
-}
-
-inline QList<int> DarkRows(const QImage& image, const QRect& rect, int limit = 120) {
-    QList<int> rows;
-    for (int y = rect.top(); y <= rect.bottom(); ++y)
-        for (int x = rect.left(); x <= rect.right(); ++x) {
-            const QColor c = image.pixelColor(x, y);
-            if (c.red() < limit && c.green() < limit && c.blue() < limit) {
-                rows << y;
-                break;
-            }
-        }
-    return rows;
+    return found;
 }
 
 } // namespace quillon

@@ -1,4 +1,5 @@
-// The demo run: its database is made once, and the ordinary start-up opens it.
+// The demo run: its database is made once, its settings overlay the real store, and the
+// ordinary start-up opens it.
 #include "shell/demo_start.h"
 
 #include <gtest/gtest.h>
@@ -7,35 +8,48 @@
 
 #include "controls/scripted_dialogs.h"
 #include "db/recordset.h"
+#include "shell/settings_overlay.h"
 #include "shell/startup.h"
+#include "support/temp_dir.h"
 
 namespace quillon {
 namespace {
 
-class TempRoot {
+// A store with no settings but the company name, which tells which application asked, so the
+// overlay's pass-through is visible.
+class EchoStore : public SettingsStore {
 public:
-    TempRoot() {
-        path_ = std::filesystem::temp_directory_path() /
-                ("quillon-demo-" + std::to_string(reinterpret_cast<std::uintptr_t>(this)));
-    }
-    ~TempRoot() { std::filesystem::remove_all(path_); }
-    const std::filesystem::path& Path() const { return path_; }
-
-private:
-    std::filesystem::path path_;
-};
-
-// No settings at all, as on a fresh machine.
-class EmptyStore : public SettingsStore {
-public:
-    std::string GetSetting(std::string_view, std::string_view, std::string_view,
+    std::string GetSetting(std::string_view appName, std::string_view section, std::string_view key,
                            std::string_view defaultValue) const override {
+        if (section == "CompanyName" && key == "Name") return std::string(appName) + ":公司";
         return std::string(defaultValue);
     }
 };
 
-TEST(DemoStart, DatabaseIsMadeOnceInTheDataFolder) {
-    TempRoot root;
+TEST(OverlaySettings, OwnValuesWinOthersPassThrough) {
+    EchoStore real;
+    OverlaySettingsStore overlay(real);
+    overlay.Set("DBConfig", "Provider", "SQLite");
+    overlay.Set("DBConfig", "Svr", "/data/demo.db");
+    struct Case {
+        const char* section;
+        const char* key;
+        const char* fallback;
+        const char* value;
+    } cases[] = {
+        {"DBConfig", "Provider", "SQLOLEDB.1", "SQLite"},
+        {"dbconfig", "SVR", "", "/data/demo.db"},
+        {"DBConfig", "UID", "none", "none"},
+        {"CompanyName", "Name", "", "Quillon:公司"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(std::string(c.section) + "/" + c.key);
+        EXPECT_EQ(overlay.GetSetting("Quillon", c.section, c.key, c.fallback), c.value);
+    }
+}
+
+TEST(DemoStart, DatabaseIsMadeOnceInTheDataFolderAndTheStartUpOpensIt) {
+    TempDir root;
     const auto path = DemoDatabasePath(root.Path());
     EXPECT_EQ(path, root.Path() / "Quillon" / "demo.db");
     DemoOptions small;
@@ -43,19 +57,8 @@ TEST(DemoStart, DatabaseIsMadeOnceInTheDataFolder) {
     EXPECT_TRUE(EnsureDemoDatabase(path, small));
     ASSERT_TRUE(std::filesystem::exists(path));
     EXPECT_FALSE(std::filesystem::exists(path.string() + ".part"));
-    const auto size = std::filesystem::file_size(path);
-    std::ofstream(path, std::ios::app) << "kept";
-    EXPECT_FALSE(EnsureDemoDatabase(path, small)) << "an existing file is reused";
-    EXPECT_EQ(std::filesystem::file_size(path), size + 4);
-}
 
-TEST(DemoStart, StartUpOpensTheDemoDatabaseWithoutAnySettings) {
-    TempRoot root;
-    const auto path = DemoDatabasePath(root.Path());
-    DemoOptions small;
-    small.invoices = 100;
-    EnsureDemoDatabase(path, small);
-    EmptyStore real;
+    EchoStore real; // a fresh machine: no database settings at all
     OverlaySettingsStore settings(real);
     PointSettingsAtDemo(settings, path);
     AppSession session;
@@ -70,6 +73,11 @@ TEST(DemoStart, StartUpOpensTheDemoDatabaseWithoutAnySettings) {
     Recordset rs = session.DbConnection->OpenRecordset("SELECT COUNT(*) AS n FROM 票据");
     ASSERT_FALSE(rs.Eof());
     EXPECT_GE(rs.Fields("n").Value().AsNumber(), 100) << "the demo's invoices are there";
+
+    const auto size = std::filesystem::file_size(path);
+    std::ofstream(path, std::ios::app) << "kept";
+    EXPECT_FALSE(EnsureDemoDatabase(path, small)) << "an existing file is reused";
+    EXPECT_EQ(std::filesystem::file_size(path), size + 4);
 }
 
 } // namespace

@@ -1,12 +1,10 @@
 // The main window: menu routing to default instances, the two ways out, the banner strip and
-// the background picture, CenterForm, and the About box.
+// the background picture, and the About box centred in the frame.
 #include "shell/main_window.h"
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <fstream>
-#include <set>
 
 #include "base/vb_error.h"
 #include "controls/flex_grid.h"
@@ -15,6 +13,7 @@
 #include "shell/about_window.h"
 #include "shell/app_session.h"
 #include "shell/placeholder_window.h"
+#include "support/temp_dir.h"
 
 namespace quillon {
 namespace {
@@ -38,27 +37,12 @@ private:
     int& loads_;
 };
 
-// A program folder of its own, with or without MDI.BMP.
-class TempFolder {
-public:
-    TempFolder() {
-        path_ = std::filesystem::temp_directory_path() /
-                ("quillon-mdi-" + std::to_string(reinterpret_cast<std::uintptr_t>(this)));
-        std::filesystem::create_directories(path_);
-    }
-    ~TempFolder() { std::filesystem::remove_all(path_); }
-    std::string Path() const { return path_.string(); }
-    void AddFile(const char* name) { std::ofstream(path_ / name) << "BM"; }
-
-private:
-    std::filesystem::path path_;
-};
-
+// The frame shown at 15000 × 9000 twips, in a program folder of its own (no MDI.BMP yet).
 struct Frame {
     AppSession session;
     ScriptedDialogs dialogs;
-    TempFolder folder;
-    MDIForm1 mdi{session, dialogs, folder.Path()};
+    TempDir folder;
+    MDIForm1 mdi{session, dialogs, folder.Path().string()};
     int gridLoads = 0;
 
     Frame() {
@@ -123,6 +107,7 @@ TEST(MainWindow, EachReportEntryOpensItsWindow) {
         EXPECT_TRUE(window->IsLoaded());
         EXPECT_TRUE(window->Visible());
     }
+    EXPECT_TRUE(f.mdi.联系我们.Click()) << "an entry that does nothing";
     EXPECT_EQ(f.mdi.Windows.OpenWindows().size(), 7u) << "several windows stand open together";
     EXPECT_TRUE(f.dialogs.Messages().empty());
 }
@@ -139,9 +124,15 @@ TEST(MainWindow, ReportsNotBuiltYetOpenAPlaceholderThatSaysSo) {
     EXPECT_EQ(f.mdi.Windows.Find("frm预开票汇总表"), nullptr) << "its 退出 closes it";
 }
 
-TEST(MainWindow, SecondClickBringsTheSameWindowForwardWithItsGrid) {
+TEST(MainWindow, SecondClickBringsTheSameWindowForwardAClosedOneOpensFresh) {
     Frame f;
+    int loadsSeen = -1;
+    f.mdi.Windows.Created.Connect([&](Form& form) {
+        EXPECT_FALSE(form.IsLoaded()) << "a skin sees the new window before its load";
+        loadsSeen = f.gridLoads;
+    });
     f.mdi.开票票据核对表.Click();
+    EXPECT_EQ(loadsSeen, 0);
     GridWindow* recon = f.Recon();
     ASSERT_NE(recon, nullptr);
     recon->MSFlexGrid1.SetRows(40);
@@ -157,41 +148,16 @@ TEST(MainWindow, SecondClickBringsTheSameWindowForwardWithItsGrid) {
     EXPECT_EQ(recon->MSFlexGrid1.Rows(), 40);
     EXPECT_EQ(recon->MSFlexGrid1.TextMatrix(39, 1), "合计");
     EXPECT_GT(recon->ZLevel(), about->ZLevel()) << "brought to the front";
-}
 
-TEST(MainWindow, ClosedWindowOpensFreshOnTheNextClick) {
-    Frame f;
-    f.mdi.开票票据核对表.Click();
-    f.Recon()->MSFlexGrid1.SetRows(40);
-    EXPECT_TRUE(f.Recon()->Close());
+    EXPECT_TRUE(recon->Close());
     EXPECT_EQ(f.Recon(), nullptr);
-
     f.mdi.开票票据核对表.Click();
     ASSERT_NE(f.Recon(), nullptr);
     EXPECT_EQ(f.gridLoads, 2) << "a new instance, loaded anew";
     EXPECT_EQ(f.Recon()->MSFlexGrid1.Rows(), 2) << "nothing of the closed one is kept";
 }
 
-TEST(MainWindow, CreatedIsRaisedBeforeLoad) {
-    Frame f;
-    int loadsSeen = -1;
-    f.mdi.Windows.Created.Connect([&](Form& form) {
-        EXPECT_FALSE(form.IsLoaded());
-        loadsSeen = f.gridLoads;
-    });
-    f.mdi.开票票据核对表.Click();
-    EXPECT_EQ(loadsSeen, 0);
-    EXPECT_EQ(f.gridLoads, 1);
-}
-
-TEST(MainWindow, ContactEntryDoesNothing) {
-    Frame f;
-    EXPECT_TRUE(f.mdi.联系我们.Click());
-    EXPECT_TRUE(f.mdi.Windows.OpenWindows().empty());
-    EXPECT_TRUE(f.dialogs.Messages().empty());
-}
-
-TEST(MainWindow, CloseBoxAnsweredNoKeepsEverything) {
+TEST(MainWindow, CloseBoxAsksFirst) {
     Frame f;
     f.mdi.开票票据核对表.Click();
     f.Recon()->MSFlexGrid1.SetRows(12);
@@ -202,16 +168,13 @@ TEST(MainWindow, CloseBoxAnsweredNoKeepsEverything) {
     EXPECT_EQ(box.Text, "确认要退出系统吗？");
     EXPECT_EQ(box.Title, "") << "the program's default title";
     EXPECT_EQ(box.Flags, vbYesNo + vbInformation);
-    EXPECT_TRUE(f.mdi.Visible());
+    EXPECT_TRUE(f.mdi.Visible()) << "answered No: everything stays";
     ASSERT_NE(f.Recon(), nullptr);
     EXPECT_EQ(f.Recon()->MSFlexGrid1.Rows(), 12);
-}
 
-TEST(MainWindow, CloseBoxAnsweredYesEndsTheProgram) {
-    Frame f;
     f.dialogs.QueueAnswer(vbYes);
     EXPECT_THROW(f.mdi.Close(), ProgramEnded);
-    EXPECT_EQ(f.dialogs.Messages().size(), 1u);
+    EXPECT_EQ(f.dialogs.Messages().size(), 2u);
 }
 
 TEST(MainWindow, ExitEntryEndsWithoutAQuestion) {
@@ -221,6 +184,7 @@ TEST(MainWindow, ExitEntryEndsWithoutAQuestion) {
     EXPECT_TRUE(f.dialogs.Messages().empty());
 }
 
+// The banner box follows the client width; its copies come from the width alone.
 TEST(MainWindow, BannerStripsAndEndPiece) {
     struct Case {
         const char* why;
@@ -234,63 +198,31 @@ TEST(MainWindow, BannerStripsAndEndPiece) {
         {"four strips: 10050 is still left of 10300, 10350 is not",
          14300,
          {{8850, 300, 9150}, {8850, 300, 9450}, {8850, 300, 9750}, {8850, 300, 10050}, {8850, 4000, 10300}}},
+        {"narrower than the left part", 9000, {{8850, 4000, 5000}}},
     };
+    Frame f;
     for (const auto& c : cases) {
         SCOPED_TRACE(c.why);
         EXPECT_EQ(BannerCopies(c.scaleWidth), c.copies);
+        f.mdi.SetClientSize(c.scaleWidth, 6000);
+        EXPECT_EQ(f.mdi.BannerOps(), c.copies);
+        EXPECT_EQ(f.mdi.Picture1.Width(), c.scaleWidth);
+        EXPECT_EQ(f.mdi.Picture1.Height(), kBannerHeight);
     }
-}
-
-TEST(MainWindow, BannerFollowsTheWindowWidth) {
-    Frame f;
-    EXPECT_EQ(f.mdi.Picture1.Width(), 15000);
-    EXPECT_EQ(f.mdi.Picture1.Height(), kBannerHeight);
-    // 15000 - 4000 = 11000: strips at 9150 … 10950 (i = 1 … 7), then the end piece at 11000.
-    ASSERT_EQ(f.mdi.BannerOps().size(), 8u);
-    EXPECT_EQ(f.mdi.BannerOps()[6], (BannerCopy{8850, 300, 10950}));
-    EXPECT_EQ(f.mdi.BannerOps().back(), (BannerCopy{8850, 4000, 11000}));
-    f.mdi.SetClientSize(9000, 6000);
-    EXPECT_EQ(f.mdi.BannerOps(), (std::vector<BannerCopy>{{8850, 4000, 5000}}));
 }
 
 TEST(MainWindow, BackgroundIsTheProgramFoldersPictureStretched) {
     Frame f;
     EXPECT_FALSE(f.mdi.Picture().has_value()) << "no MDI.BMP: the background stays empty";
-    f.folder.AddFile("MDI.BMP");
+    std::ofstream(f.folder.File("MDI.BMP")) << "BM";
     f.mdi.SetClientSize(12000, 8000);
     ASSERT_TRUE(f.mdi.Picture().has_value());
-    EXPECT_EQ(f.mdi.Picture()->File, (std::filesystem::path(f.folder.Path()) / "MDI.BMP").string());
+    EXPECT_EQ(f.mdi.Picture()->File, f.folder.File("MDI.BMP"));
     EXPECT_EQ(f.mdi.Picture()->Width, 12000);
     EXPECT_EQ(f.mdi.Picture()->Height, 8000);
 }
 
-TEST(MainWindow, CenterFormHalvesTheDifference) {
-    struct Case {
-        const char* why;
-        int frameWidth, frameHeight, width, height;
-        int left, top;
-    } cases[] = {
-        {"smaller window", 9000, 6000, 6000, 4000, 1500, 1000},
-        {"odd difference is cut toward zero", 9001, 6001, 6000, 4000, 1500, 1000},
-        {"window larger than the frame goes negative", 6000, 4000, 7000, 5000, -500, -500},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.why);
-        AppSession session;
-        ScriptedDialogs dialogs;
-        MDIForm1 mdi(session, dialogs, "");
-        mdi.SetClientSize(c.frameWidth, c.frameHeight);
-        Form window("w", "w");
-        window.Move(123, 456, c.width, c.height);
-        CenterForm(window, mdi);
-        EXPECT_EQ(window.Left(), c.left);
-        EXPECT_EQ(window.Top(), c.top);
-        EXPECT_EQ(window.Width(), c.width);
-        EXPECT_EQ(window.Height(), c.height);
-    }
-}
-
-TEST(AboutBox, CaptionsVersionAndCompany) {
+TEST(AboutBox, CaptionsVersionCompanyAndItsTwoButtons) {
     Frame f;
     f.session.CompanyDisplayName = "某某物业管理有限公司";
     f.session.CompanyDisplayNameEng = "Mou Mou Property Co.";
@@ -321,13 +253,7 @@ TEST(AboutBox, CaptionsVersionAndCompany) {
     // Centred in the frame's 15000 × 9000 client area.
     EXPECT_EQ(about->Left(), (15000 - about->Width()) / 2);
     EXPECT_EQ(about->Top(), (9000 - about->Height()) / 2);
-}
 
-TEST(AboutBox, SystemInformationIsNotAvailableAndOkCloses) {
-    Frame f;
-    f.mdi.关于软件.Click();
-    auto* about = dynamic_cast<frmAbout*>(f.mdi.Windows.Find("frmAbout"));
-    ASSERT_NE(about, nullptr);
     about->cmdSysInfo.Click();
     ASSERT_EQ(f.dialogs.Messages().size(), 1u);
     EXPECT_EQ(f.dialogs.Messages()[0].Text, "此时系统信息不可用");
@@ -335,14 +261,7 @@ TEST(AboutBox, SystemInformationIsNotAvailableAndOkCloses) {
     EXPECT_EQ(f.mdi.Windows.Find("frmAbout"), nullptr);
 }
 
-TEST(WindowRouter, UnknownWindowIsAProgrammingError) {
-    AppSession session;
-    ScriptedDialogs dialogs;
-    WindowRouter router(session, dialogs);
-    EXPECT_THROW(router.Open("frm不存在"), std::logic_error);
-}
-
-TEST(WindowRouter, FailedLoadKeepsNoInstance) {
+TEST(WindowRouter, FailedLoadKeepsNoInstanceAndUnloadingTwiceIsHarmless) {
     class Failing : public Form {
     public:
         Failing() : Form("frmFail", "x") {}
@@ -353,20 +272,15 @@ TEST(WindowRouter, FailedLoadKeepsNoInstance) {
     AppSession session;
     ScriptedDialogs dialogs;
     WindowRouter router(session, dialogs);
-    router.Register("frmFail", [](AppSession&, Dialogs&) { return std::make_unique<Failing>(); });
-    EXPECT_THROW(router.Open("frmFail"), VbError);
-    EXPECT_EQ(router.Find("frmFail"), nullptr);
-}
-
-TEST(WindowRouter, UnloadingTwiceIsHarmless) {
-    AppSession session;
-    ScriptedDialogs dialogs;
-    WindowRouter router(session, dialogs);
     int made = 0;
+    router.Register("frmFail", [](AppSession&, Dialogs&) { return std::make_unique<Failing>(); });
     router.Register("w", [&made](AppSession&, Dialogs&) {
         ++made;
         return std::make_unique<Form>("w", "w");
     });
+    EXPECT_THROW(router.Open("frmFail"), VbError);
+    EXPECT_EQ(router.Find("frmFail"), nullptr);
+
     Form& first = router.Open("w");
     first.Unload();
     first.Unload();

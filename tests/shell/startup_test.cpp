@@ -7,26 +7,20 @@
 #include <fstream>
 
 #include "controls/scripted_dialogs.h"
+#include "support/temp_dir.h"
 #include "support/test_billing_db.h"
 
 namespace quillon {
 namespace {
 
 // A settings folder of its own, with the program's INI file written as deployment would.
-class TempSettings {
-public:
+struct TempSettings {
+    TempDir root;
     explicit TempSettings(const std::string& ini) {
-        root_ = std::filesystem::temp_directory_path() /
-                ("quillon-settings-" + std::to_string(::testing::UnitTest::GetInstance()->random_seed()) +
-                 "-" + std::to_string(reinterpret_cast<std::uintptr_t>(this)));
-        std::filesystem::create_directories(root_ / "Quillon");
-        if (!ini.empty()) std::ofstream(root_ / "Quillon" / "Quillon.ini", std::ios::binary) << ini;
+        std::filesystem::create_directories(root.Path() / "Quillon");
+        if (!ini.empty()) std::ofstream(root.Path() / "Quillon" / "Quillon.ini", std::ios::binary) << ini;
     }
-    ~TempSettings() { std::filesystem::remove_all(root_); }
-    IniSettingsStore Store() const { return IniSettingsStore(root_); }
-
-private:
-    std::filesystem::path root_;
+    IniSettingsStore Store() const { return IniSettingsStore(root.Path()); }
 };
 
 TEST(Settings, ValuesBySectionAndNameWithDefaults) {
