@@ -41,14 +41,9 @@ public:
         AddControl(Frame1);
         AddControl(List1, &Frame1);
         AddControl(List2, &Frame1);
-        AddControl(Label1);
-        AddControl(Combo1);
-        AddControl(Check1);
-        AddControl(Text1);
-        AddControl(Command1);
-        AddControl(ProgressBar1);
-        AddControl(StatusBar1);
-        AddControl(TreeView1);
+        for (Control* c : std::initializer_list<Control*>{&Label1, &Combo1, &Check1, &Text1, &Command1,
+                                                          &ProgressBar1, &StatusBar1, &TreeView1})
+            AddControl(*c);
         List1.Click.Connect([this] { ++listClicks; });
         List2.ItemCheck.Connect([this](int index) { checkedItems.push_back(index); });
         Combo1.Click.Connect([this] { ++comboClicks; });

@@ -11,7 +11,6 @@
 #include <QMenuBar>
 #include <QPainter>
 
-#include "controls/flex_grid.h"
 #include "controls/screen.h"
 #include "controls/scripted_dialogs.h"
 #include "qt_test_app.h"
@@ -23,15 +22,6 @@
 
 namespace quillon {
 namespace {
-
-class GridWindow : public Form {
-public:
-    GridWindow() : Form("frm票据核对表", "开票票据核对表") {
-        MSFlexGrid1.Move(0, 0, 6000, 4000);
-        AddControl(MSFlexGrid1);
-    }
-    FlexGrid MSFlexGrid1{"MSFlexGrid1"};
-};
 
 // A banner bitmap whose parts are told apart by colour: left part red, the strip green, the
 // rest of the end piece blue.
@@ -60,8 +50,6 @@ struct Framed {
             picture.save(QString::fromStdString(folder.File("MDI.BMP")), "BMP");
         }
         mdi = std::make_unique<MDIForm1>(session, dialogs, folder.Path().string());
-        mdi->Windows.Register("frm票据核对表",
-                              [](AppSession&, Dialogs&) { return std::make_unique<GridWindow>(); });
         frame = std::make_unique<MainFrame>(*mdi, StripedBanner());
         frame->resize(1000, 700);
         frame->show();
@@ -106,12 +94,11 @@ TEST(MainFrame, OneSubWindowPerWindowBroughtForwardAndClosedBothWays) {
     Framed f;
     f.Pick("开票票据核对表");
     ASSERT_EQ(f.SubWindows(), 1);
-    auto* recon = dynamic_cast<GridWindow*>(f.mdi->Windows.Find("frm票据核对表"));
+    Form* recon = f.mdi->Windows.Find("frm票据核对表");
     ASSERT_NE(recon, nullptr);
     FormSubWindow* reconWindow = f.frame->SubWindowOf(*recon);
     ASSERT_NE(reconWindow, nullptr);
     EXPECT_EQ(reconWindow->windowTitle(), QString("开票票据核对表"));
-    recon->MSFlexGrid1.SetRows(30);
 
     f.Pick("关于软件");
     EXPECT_EQ(f.SubWindows(), 2);
@@ -123,7 +110,6 @@ TEST(MainFrame, OneSubWindowPerWindowBroughtForwardAndClosedBothWays) {
     f.Pick("开票票据核对表");
     EXPECT_EQ(f.SubWindows(), 2) << "not opened twice";
     EXPECT_EQ(f.frame->MdiArea()->activeSubWindow(), reconWindow) << "brought forward";
-    EXPECT_EQ(f.mdi->Windows.Find("frm票据核对表"), recon);
 
     about->Unload(); // cmdOK: unloaded from code
     QApplication::processEvents();
@@ -134,10 +120,7 @@ TEST(MainFrame, OneSubWindowPerWindowBroughtForwardAndClosedBothWays) {
     EXPECT_EQ(f.SubWindows(), 0);
 
     f.Pick("开票票据核对表");
-    auto* fresh = dynamic_cast<GridWindow*>(f.mdi->Windows.Find("frm票据核对表"));
-    ASSERT_NE(fresh, nullptr);
-    EXPECT_EQ(fresh->MSFlexGrid1.Rows(), 2);
-    EXPECT_EQ(f.SubWindows(), 1);
+    EXPECT_EQ(f.SubWindows(), 1) << "a fresh window in a new sub-window";
 }
 
 TEST(MainFrame, WindowsWithoutAPlaceAreCascaded) {
