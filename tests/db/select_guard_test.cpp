@@ -2,20 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include "db/db_error.h"
+#include "db_test_support.h"
 
 namespace quillon {
 namespace {
-
-bool Passes(const char* sql) {
-    try {
-        EnsureSingleSelect(sql);
-        return true;
-    } catch (const DbError& e) {
-        EXPECT_EQ(e.Number, kAdoErrBadStatement);
-        return false;
-    }
-}
 
 TEST(SelectGuard, LetsOnlyOneSelectThrough) {
     struct Case {
@@ -39,7 +29,8 @@ TEST(SelectGuard, LetsOnlyOneSelectThrough) {
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.why);
-        EXPECT_EQ(Passes(c.sql), c.passes);
+        EXPECT_EQ(testing::ErrorOf([&] { EnsureSingleSelect(c.sql); }).Number,
+                  c.passes ? 0 : kAdoErrBadStatement);
     }
 }
 

@@ -1,15 +1,45 @@
-// temp_sqlite_file.h — a throw-away SQLite file for the database-layer tests, written through
-// the C API (the layer itself only reads), removed when the test ends.
+// db_test_support.h — helpers of the database-layer tests: a throw-away SQLite file written
+// through the C API (the layer itself only reads), the DbError a call raised, Values printed.
 #pragma once
 
 #include <sqlite3.h>
 
 #include <filesystem>
+#include <ostream>
 #include <random>
 #include <stdexcept>
 #include <string>
 
-namespace quillon::testing {
+#include "db/db_error.h"
+#include "db/value.h"
+
+namespace quillon {
+
+// So that a failed comparison shows both values, kind included.
+inline void PrintTo(const Value& v, std::ostream* os) {
+    if (v.IsNull())
+        *os << "NULL";
+    else if (v.IsInteger())
+        *os << "integer " << v.AsText();
+    else if (v.IsDouble())
+        *os << "double " << v.AsText();
+    else if (v.IsDate())
+        *os << "date " << v.AsText();
+    else
+        *os << "text \"" << v.AsText() << "\"";
+}
+
+namespace testing {
+
+// The DbError `f` raised, or number 0 "no error" when it raised none.
+template <class F> DbError ErrorOf(F f) {
+    try {
+        f();
+    } catch (const DbError& e) {
+        return e;
+    }
+    return DbError(0, "no error");
+}
 
 class TempSqliteFile {
 public:
@@ -41,4 +71,5 @@ private:
     sqlite3* db_ = nullptr;
 };
 
-} // namespace quillon::testing
+} // namespace testing
+} // namespace quillon
