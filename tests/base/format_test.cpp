@@ -52,8 +52,6 @@ TEST(FormatNumber, FillsThePlaceholdersOfEachPattern) {
         {"no pattern is the general text", 0.1 + 0.2, "", "0.3"},
         {"# before the point forces no integer digit", 0.5, "#.00", ".50"},
         {"thousands separators", 1234567.125, "#,##0.00", "1,234,567.13"},
-        {"negative with separators", -1234.5, "#,##0.00", "-1,234.50"},
-        {"optional decimals drop trailing zeros", 1.5, "0.##", "1.5"},
         {"percent with decimals, no binary noise", 0.0605, "0.0%", "6.1%"},
     };
     for (const auto& c : cases) {
@@ -77,10 +75,7 @@ TEST(FormatDate, ReplacesTheDateTokens) {
         {"yyyy-mm-dd hh:mm:ss", "2024-03-05 14:07:09"},
         {"YYYYMMDD", "20240305"},
         {"yyyy-MM-dd", "2024-03-05"},
-        {"hh:nn", "14:07"},
-        {"m/d", "3/5"},
         {"mm:ss", "07:09"},
-        {"yy", "24"},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.pattern);
