@@ -1,16 +1,19 @@
-// The small controls: geometry refusal, buttons, check boxes, progress, status panels, text
-// selection, text widths, and the signal they all raise through.
+// The small controls (geometry refusal, buttons, check boxes, progress, status panels, text
+// selection, text widths), the signal they all raise through, and the scripted dialogs' answers.
 #include <gtest/gtest.h>
 
+#include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "base/vb_error.h"
 #include "controls/check_box.h"
 #include "controls/command_button.h"
+#include "controls/error_number.h"
 #include "controls/event.h"
 #include "controls/panel.h"
 #include "controls/progress_bar.h"
+#include "controls/scripted_dialogs.h"
 #include "controls/status_bar.h"
 #include "controls/text_box.h"
 #include "controls/text_width.h"
@@ -28,7 +31,6 @@ TEST(Event, HandlersMayDisconnectAndConnectWhileRaised) {
         event.Connect([&](int w) { calls.push_back("late " + std::to_string(w)); });
     });
     second = event.Connect([&](int v) { calls.push_back("second " + std::to_string(v)); });
-
     event.Raise(1);
     EXPECT_EQ(calls, std::vector<std::string>{"first 1"}) << "disconnected in time; the late one waits";
     calls.clear();
@@ -43,13 +45,11 @@ TEST(Control, NegativeSizeFailsAndTheLastSizeStays) {
     panel.SetHeight(2000);
     int resizes = 0;
     panel.Resize.Connect([&] { ++resizes; });
-
     EXPECT_THROW(panel.SetWidth(-15), VbError);
     EXPECT_THROW(panel.SetHeight(-1), VbError);
     EXPECT_EQ(panel.Width(), 3000);
     EXPECT_EQ(panel.Height(), 2000);
     EXPECT_EQ(resizes, 0);
-
     panel.SetLeft(-500); // positions may be negative
     EXPECT_EQ(panel.Left(), -500);
     panel.SetWidth(2500);
@@ -104,15 +104,8 @@ TEST(StatusBar, PanelsAreCountedFromOne) {
     bar.Panels(7).SetText("请稍候，正在进行统计...");
     EXPECT_EQ(bar.Panels(7).Text(), "请稍候，正在进行统计...");
     EXPECT_EQ(bar.Panels(6).Text(), "");
-    for (int bad : {0, 8}) {
-        SCOPED_TRACE(bad);
-        try {
-            (void)bar.Panels(bad);
-            ADD_FAILURE() << "accepted";
-        } catch (const VbError& e) {
-            EXPECT_EQ(e.Number, kErrIndexOutOfBounds);
-        }
-    }
+    EXPECT_EQ(ErrorNumberOf([&] { (void)bar.Panels(0); }), kErrIndexOutOfBounds);
+    EXPECT_EQ(ErrorNumberOf([&] { (void)bar.Panels(8); }), kErrIndexOutOfBounds);
 }
 
 TEST(TextBox, SelectionCountsCharactersNotBytes) {
@@ -125,7 +118,6 @@ TEST(TextBox, SelectionCountsCharactersNotBytes) {
     EXPECT_EQ(box.TextLength(), 5);
     EXPECT_EQ(box.SelLength(), 5);
     EXPECT_EQ(box.SelText(), "物业30%");
-
     box.SetSelStart(1);
     box.SetSelLength(2);
     EXPECT_EQ(box.SelText(), "业3");
@@ -152,6 +144,57 @@ TEST(TextWidth, HalfAndFullWidthCharacters) {
     for (const auto& c : cases) {
         SCOPED_TRACE(c.text);
         EXPECT_EQ(FixedPitchTextWidth(c.text), c.twips);
+    }
+}
+
+TEST(ScriptedDialogs, QueuedAnswersGoOnlyToBoxesThatAsk) {
+    ScriptedDialogs dialogs;
+    dialogs.QueueAnswer(vbNo);
+    Dialogs& d = dialogs;
+    EXPECT_EQ(d.MsgBox("统计结束！", "系统提示", vbInformation), vbOK);
+    EXPECT_EQ(dialogs.PendingAnswers(), 1) << "an OK-only box leaves the queued answer alone";
+    EXPECT_EQ(d.MsgBox("确认要退出系统吗？", "", vbYesNo + vbInformation), vbNo);
+    EXPECT_EQ(d.MsgBox("确认要退出系统吗？", "", vbYesNo + vbInformation), vbYes) << "nothing queued: Yes";
+    ASSERT_EQ(dialogs.Messages().size(), 3u);
+    EXPECT_EQ(dialogs.Messages()[1].Flags, 68);
+    EXPECT_EQ(dialogs.Messages()[1].Answer, vbNo) << "the answer is recorded with its box";
+    dialogs.QueueAnswer(vbRetry);
+    EXPECT_THROW(d.MsgBox("?", "", vbYesNo), std::logic_error) << "an answer the box does not offer";
+}
+
+TEST(ScriptedDialogs, SaveDialogChoiceAndCancel) {
+    struct Case {
+        const char* why;
+        bool scriptCancel, cancelError;
+        const char* fileName; // after the dialog; nullptr when it throws
+    };
+    const Case cases[] = {
+        {"a chosen path replaces the proposal", false, true, "/tmp/out/预开票汇总表_20240305.xlsx"},
+        {"cancel with CancelError throws", true, true, nullptr},
+        {"cancel without CancelError keeps the proposal", true, false, "预开票汇总表_20240305"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.why);
+        ScriptedDialogs dialogs;
+        if (c.scriptCancel)
+            dialogs.QueueSaveCancel();
+        else
+            dialogs.QueueSaveFileName("/tmp/out/预开票汇总表_20240305.xlsx");
+        CommonDialogState state;
+        state.FileName = "预开票汇总表_20240305";
+        state.Filter = "电子表|*.xls;*.xlsx";
+        state.CancelError = c.cancelError;
+        try {
+            dialogs.ShowSave(state);
+            EXPECT_EQ(state.FileName, c.fileName ? c.fileName : "<error 32755>");
+        } catch (const VbError& e) {
+            EXPECT_EQ(c.fileName, nullptr) << "error where none was due";
+            EXPECT_EQ(e.Number, 32755);
+            EXPECT_EQ(e.Description, "取消被选中。");
+        }
+        ASSERT_EQ(dialogs.SaveDialogs().size(), 1u);
+        EXPECT_EQ(dialogs.SaveDialogs()[0].FileName, "预开票汇总表_20240305") << "the proposal is recorded";
+        EXPECT_EQ(dialogs.SaveDialogs()[0].Filter, "电子表|*.xls;*.xlsx");
     }
 }
 

@@ -1,6 +1,7 @@
 // Merged blocks of the two-level report headers, and the merge rules on small tables.
 #include <gtest/gtest.h>
 
+#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -27,17 +28,21 @@ void WriteHeader(FlexGrid& grid, const std::vector<HeaderColumn>& columns) {
     }
 }
 
+// A two-row header as the windows set it up at load: merging restricted to columns, row 0 and
+// the given columns free to merge.
+void SetUpHeader(FlexGrid& grid, int cols, std::initializer_list<int> mergeCols) {
+    grid.SetRows(2);
+    grid.SetFixedRows(2);
+    grid.SetCols(cols);
+    grid.SetMergeCells(flexMergeRestrictColumns);
+    for (int c : mergeCols) grid.SetMergeCol(c, true);
+    grid.SetMergeRow(0, true);
+}
+
 // The reconciliation grid (later form) after the charge items of a period are known: at load
 // MergeCol is set on columns 0-2 and the last two, then the layout puts N category columns in.
 void LayOutReconciliationGrid(FlexGrid& grid, const std::vector<const char*>& categories) {
-    grid.SetRows(2);
-    grid.SetFixedRows(2);
-    grid.SetCols(13);
-    grid.SetRow(0);
-    grid.SetMergeCells(flexMergeRestrictColumns);
-    for (int c : {0, 1, 2, 11, 12}) grid.SetMergeCol(c, true);
-    grid.SetMergeRow(0, true);
-
+    SetUpHeader(grid, 13, {0, 1, 2, 11, 12});
     std::vector<HeaderColumn> columns = {
         {"序", "序", 500},
         {"开票年月", "开票年月", 900},
@@ -62,7 +67,7 @@ void LayOutReconciliationGrid(FlexGrid& grid, const std::vector<const char*>& ca
     grid.SetRow(1);
 }
 
-TEST(MergedCells, ReconciliationHeaderWithTwoCategories) {
+TEST(MergedCells, ReconciliationHeaderWithTwoCategoriesAndWithNone) {
     FlexGrid grid;
     LayOutReconciliationGrid(grid, {"物业费", "水费"});
     ASSERT_EQ(grid.Cols(), 15);
@@ -79,14 +84,12 @@ TEST(MergedCells, ReconciliationHeaderWithTwoCategories) {
     EXPECT_EQ(grid.MergedRangeAt(0, 14), (CellRange{0, 14, 0, 14}))
         << "备注 is not merged down: 核对结果 to its left differs between the two rows";
     EXPECT_EQ(grid.MergedRangeAt(1, 10), (CellRange{1, 10, 1, 10})) << "小计 under 财务交账 stays alone";
-}
 
-TEST(MergedCells, ReconciliationHeaderWithoutCategoriesLeavesHandOverColumnAlone) {
-    FlexGrid grid;
-    LayOutReconciliationGrid(grid, {});
-    EXPECT_EQ(grid.TextMatrix(1, 8), "小计");
-    EXPECT_EQ(grid.MergedRangeAt(0, 8), (CellRange{0, 8, 0, 8}));
-    EXPECT_EQ(grid.MergedRangeAt(0, 7), (CellRange{0, 7, 0, 7}));
+    FlexGrid empty; // without categories the hand-over heading stands over 小计 alone
+    LayOutReconciliationGrid(empty, {});
+    EXPECT_EQ(empty.TextMatrix(1, 8), "小计");
+    EXPECT_EQ(empty.MergedRangeAt(0, 8), (CellRange{0, 8, 0, 8}));
+    EXPECT_EQ(empty.MergedRangeAt(0, 7), (CellRange{0, 7, 0, 7}));
 }
 
 TEST(MergedCells, MergedHeaderCellReportsTheWholeBlockAsItsGeometry) {
@@ -106,13 +109,7 @@ TEST(MergedCells, MergedHeaderCellReportsTheWholeBlockAsItsGeometry) {
 // The pre-invoice detail grid after BuildChargeItemColumns with one ordinary and one parking item.
 TEST(MergedCells, PreInvoiceHeaderGroupsEachItemsColumns) {
     FlexGrid grid;
-    grid.SetRows(2);
-    grid.SetFixedRows(2);
-    grid.SetMergeCells(flexMergeRestrictColumns);
-    grid.SetCols(7); // the header at load
-    for (int c : {0, 1, 4, 5, 6}) grid.SetMergeCol(c, true);
-    grid.SetMergeRow(0, true);
-
+    SetUpHeader(grid, 7, {0, 1, 4, 5, 6});
     WriteHeader(grid, {
                           {"序", "序", 500},
                           {"开票日期", "开票日期", 1200},
@@ -175,37 +172,16 @@ TEST(MergedCells, ModesDecideWhichNeighboursJoin) {
         {"free: A A in row 0 merge side by side", flexMergeFree, 0, 1, {0, 0, 0, 1}},
         {"free: the A column joins below row 0, whose run is wider", flexMergeFree, 1, 1, {1, 1, 2, 1}},
         {"free: x x merge down", flexMergeFree, 0, 2, {0, 2, 1, 2}},
-        {"restrict columns: B B merge down in the first column",
-         flexMergeRestrictColumns,
-         1,
-         0,
-         {1, 0, 2, 0}},
-        {"restrict columns: A A in column 1 merge since B B left of them do",
-         flexMergeRestrictColumns,
-         2,
-         1,
-         {1, 1, 2, 1}},
-        {"restrict columns: x x may not, column 1 is not merged over rows 0-1",
-         flexMergeRestrictColumns,
-         0,
-         2,
-         {0, 2, 0, 2}},
-        {"restrict rows: row 0 is free", flexMergeRestrictRows, 0, 0, {0, 0, 0, 1}},
-        {"restrict both: x x stays apart", flexMergeRestrictBoth, 1, 2, {1, 2, 1, 2}},
+        {"columns: B B merge down in column 0", flexMergeRestrictColumns, 1, 0, {1, 0, 2, 0}},
+        {"columns: A A merge down, as B B left of them do", flexMergeRestrictColumns, 2, 1, {1, 1, 2, 1}},
+        {"columns: x x may not, A is not merged over rows 0-1", flexMergeRestrictColumns, 0, 2, {0, 2, 0, 2}},
+        {"rows: row 0 is free", flexMergeRestrictRows, 0, 0, {0, 0, 0, 1}},
+        {"both: x x stays apart", flexMergeRestrictBoth, 1, 2, {1, 2, 1, 2}},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.why);
         EXPECT_EQ(MergedRangeAt(Table(c.mode, text), c.row, c.col), c.block);
     }
-}
-
-TEST(MergedCells, RestrictRowsNeedsThePairAboveMerged) {
-    // row 0: P Q      row 1: Z Z      row 2: Z Z  (with row 1 and 2 equal side by side)
-    MergeTable t = Table(flexMergeRestrictRows, {{"P", "Q"}, {"Z", "Z"}, {"Z", "Z"}});
-    t.mergeCol.assign(2, false);
-    EXPECT_EQ(MergedRangeAt(t, 1, 0), (CellRange{1, 0, 1, 0})) << "P and Q above do not merge";
-    t.mode = flexMergeFree;
-    EXPECT_EQ(MergedRangeAt(t, 2, 1), (CellRange{2, 0, 2, 1}));
 }
 
 TEST(MergedCells, FixedAndScrollingCellsStayApart) {

@@ -1,5 +1,5 @@
-// xlsx_reader.h — test support: reads a written .xlsx back (cell values and types, resolved
-// formats, merges, column widths, row heights) so that tests check the file, not the writer.
+// xlsx_reader.h — test support: reads a .xlsx written by libxlsxwriter back (cell values and
+// types, resolved formats, merges, column widths, row heights): tests check the file, not the writer.
 #pragma once
 
 #include <map>
@@ -10,7 +10,7 @@
 
 namespace quillon::xlsxread {
 
-enum class CellType { Empty, Number, SharedString, InlineString, Boolean, Other };
+enum class CellType { Empty, Number, SharedString, Other };
 
 // One cell's format with every index resolved to what it stands for.
 struct CellFormat {
@@ -28,9 +28,8 @@ struct CellFormat {
 
 struct Cell {
     CellType type = CellType::Empty;
-    double number = 0; // Number, Boolean (0 or 1)
-    std::string text;  // SharedString, InlineString, Other (the raw <v>)
-    int styleIndex = 0;
+    double number = 0; // Number
+    std::string text;  // SharedString, Other (the raw <v>)
     CellFormat format;
 };
 
@@ -42,17 +41,14 @@ struct Area {
 struct Column {
     double width = 0; // as written in the file, padding included
     bool hidden = false;
-    bool customWidth = false;
 };
 
 struct Row {
-    std::optional<double> height; // ht when customHeight is set
-    bool hidden = false;
+    std::optional<double> height;     // ht when customHeight is set
     std::optional<CellFormat> format; // the row's own format (s with customFormat)
 };
 
 struct Sheet {
-    std::string name;
     std::map<std::pair<int, int>, Cell> cells; // (row, col), 1-based
     std::vector<Area> merges;
     std::map<int, Column> columns; // by column number, each <col> range spread out
@@ -68,15 +64,10 @@ struct Sheet {
 struct Book {
     std::vector<Sheet> sheets;       // in workbook order
     std::size_t cellFormatCount = 0; // <cellXfs count>
-    std::vector<CellFormat> cellFormats;
     const Sheet& First() const { return sheets.at(0); }
 };
 
 // Reads the file; std::runtime_error when it is no readable .xlsx.
 Book ReadXlsx(const std::string& path);
-
-// "B3" → (3, 2); "B3:D5" → area.
-std::pair<int, int> ParseCellRef(const std::string& ref);
-Area ParseAreaRef(const std::string& ref);
 
 } // namespace quillon::xlsxread
