@@ -1,6 +1,6 @@
 // The department tree: what reaches it and in which order, the tick propagation by index range,
-// 全选, and the checks before a run.
-#include <gtest/gtest.h>
+// 全选, and what stops a run or the program.
+#include <sstream>
 
 #include "controls/screen.h"
 #include "deptrate_rig.h"
@@ -12,8 +12,9 @@ namespace {
 // 01 总部 ─ 0101 一区 ─ 010101 一组, 010102 二组
 //         └ 0102 二区 ─ 010201 三组
 // 02 分公司 ─ 0201 分一
-void HandMadeHierarchy(TestBillingDb& db) {
-    db.Department("01", "总部")
+// with one rate, and the window loaded on it.
+frm部门开票分税率统计表& OpenHierarchy(DeptRateRig& rig) {
+    rig.db.Department("01", "总部")
         .Department("0101", "一区", "01")
         .Department("010101", "一组", "0101")
         .Department("010102", "二组", "0101")
@@ -22,34 +23,41 @@ void HandMadeHierarchy(TestBillingDb& db) {
         .Department("02", "分公司")
         .Department("0201", "分一", "02")
         .Department("9", "外包");
+    rig.Rates({6});
+    return rig.Open();
 }
 
-std::vector<std::string> NodeTexts(const TreeView& tree) {
-    std::vector<std::string> texts;
+Texts NodeTexts(const TreeView& tree) {
+    Texts texts;
     for (const TreeNode& n : tree.Nodes()) texts.push_back(n.Text());
     return texts;
 }
 
-std::vector<std::string> CheckedCodes(const TreeView& tree) {
-    std::vector<std::string> codes;
+// The codes of the ticked nodes, in tree order, joined by blanks.
+std::string CheckedCodes(const TreeView& tree) {
+    std::string codes;
     for (const TreeNode& n : tree.Nodes())
-        if (n.Checked()) codes.push_back(n.Key().substr(1));
+        if (n.Checked()) codes += (codes.empty() ? "" : " ") + n.Key().substr(1);
     return codes;
 }
 
-TEST(DeptTree, IsBuiltDepthFirstWithRootsInCodeLengthOrder) {
+TEST(DeptTree, IsBuiltDepthFirstWithRootsInCodeLengthOrderAndSelectAllTicksEveryNode) {
     DeptRateRig rig;
-    HandMadeHierarchy(rig.db);
-    rig.Rates({6});
-    auto& w = rig.Open();
-    EXPECT_EQ(NodeTexts(w.TreeView1),
-              (std::vector<std::string>{"9 外包", "01 总部", "0101 一区", "010101 一组", "010102 二组",
-                                        "0102 二区", "010201 三组", "02 分公司", "0201 分一"}));
+    auto& w = OpenHierarchy(rig);
+    EXPECT_EQ(NodeTexts(w.TreeView1), (Texts{"9 外包", "01 总部", "0101 一区", "010101 一组", "010102 二组",
+                                             "0102 二区", "010201 三组", "02 分公司", "0201 分一"}));
     EXPECT_EQ(rig.Node("01").Image(), 1);
     EXPECT_EQ(rig.Node("0101").Image(), 2);
     EXPECT_EQ(rig.Node("010201").Parent(), &rig.Node("0102"));
     EXPECT_TRUE(w.TreeView1.Nodes(1).Expanded()) << "the first node opens when there are two or more";
     EXPECT_FALSE(rig.Node("01").Expanded());
+
+    w.Check1.SetValue(1);
+    EXPECT_EQ(CheckedCodes(w.TreeView1), "9 01 0101 010101 010102 0102 010201 02 0201");
+    w.TreeView1.UserCheck(rig.Node("9"), false);
+    EXPECT_EQ(w.Check1.Value(), 1) << "全选 stays ticked after a single untick";
+    w.Check1.SetValue(0);
+    EXPECT_EQ(CheckedCodes(w.TreeView1), "");
 }
 
 TEST(DeptTree, WhatReachesTheTree) {
@@ -63,12 +71,11 @@ TEST(DeptTree, WhatReachesTheTree) {
         .ParentLink({.dept = "0103", .parent = "01", .ended = "2023-06-30"})
         .Department("04", "无链");
     auto& w = rig.Open();
-    EXPECT_EQ(NodeTexts(w.TreeView1), (std::vector<std::string>{"01 总部", "0101 一 区", "04 无链"}));
-
-    std::vector<std::string> recs;
+    EXPECT_EQ(NodeTexts(w.TreeView1), (Texts{"01 总部", "0101 一 区", "04 无链"}));
+    Texts recs;
     for (std::size_t i = 1; i < w.DeptRecs.size(); ++i)
         recs.push_back(w.DeptRecs[i].DeptCode + "<" + w.DeptRecs[i].ParentCode);
-    EXPECT_EQ(recs, (std::vector<std::string>{"01<", "04<", "0101<01", "0301<03"}))
+    EXPECT_EQ(recs, (Texts{"01<", "04<", "0101<01", "0301<03"}))
         << "the orphan is read but never placed; an ended department or ended link is not read";
     EXPECT_EQ(w.DeptRecs[0].DeptCode, "") << "element 0 stays empty";
 }
@@ -83,57 +90,35 @@ TEST(DeptTree, ADepartmentUnderTwoParentsStopsTheSecondParentsChildren) {
         .Department("0201", "分一", "02");
     auto& w = rig.Open();
     // Under 02, 0103 comes first and its key is taken: that level ends before 0201.
-    EXPECT_EQ(NodeTexts(w.TreeView1), (std::vector<std::string>{"01 总部", "0103 共管", "02 分公司"}));
+    EXPECT_EQ(NodeTexts(w.TreeView1), (Texts{"01 总部", "0103 共管", "02 分公司"}));
     EXPECT_EQ(w.DeptRecs.size(), 6u) << "both links of 0103 are records";
 }
 
 TEST(DeptTree, TicksSpreadOverTheIndexRangeOfTheChildren) {
     struct Case {
         const char* why;
-        std::vector<const char*> before; // ticked silently first
+        const char* before; // ticked silently first
         const char* node;
         bool tick;
-        std::vector<std::string> after;
+        const char* after;
     };
     const Case cases[] = {
-        {"the last child's children are left as they are",
-         {},
-         "01",
-         true,
-         {"01", "0101", "010101", "010102", "0102"}},
-        {"unticking covers the same range",
-         {"01", "0101", "010101", "010102", "0102", "010201", "02"},
-         "01",
-         false,
-         {"010201", "02"}},
-        {"a node without children: its own tick only", {}, "010101", true, {"010101"}},
-        {"a parent whose children have none", {}, "0101", true, {"0101", "010101", "010102"}},
-        {"the only child is also the last", {}, "0102", true, {"0102", "010201"}},
-        {"parents are not touched when a child changes", {"01", "0101"}, "0101", false, {"01"}},
+        {"the last child's children are left as they are", "", "01", true, "01 0101 010101 010102 0102"},
+        {"unticking covers the same range", "01 0101 010101 010102 0102 010201 02", "01", false, "010201 02"},
+        {"a node without children: its own tick only", "", "010101", true, "010101"},
+        {"a parent whose children have none", "", "0101", true, "0101 010101 010102"},
+        {"the only child is also the last", "", "0102", true, "0102 010201"},
+        {"parents are not touched when a child changes", "01 0101", "0101", false, "01"},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.why);
         DeptRateRig rig;
-        HandMadeHierarchy(rig.db);
-        rig.Rates({6});
-        auto& w = rig.Open();
-        for (const char* code : c.before) rig.Node(code).SetChecked(true);
+        auto& w = OpenHierarchy(rig);
+        std::istringstream before(c.before);
+        for (std::string code; before >> code;) rig.Node(code).SetChecked(true);
         w.TreeView1.UserCheck(rig.Node(c.node), c.tick);
         EXPECT_EQ(CheckedCodes(w.TreeView1), c.after);
     }
-}
-
-TEST(DeptTree, SelectAllTicksAndClearsEveryNodeWithoutFollowingSingleTicks) {
-    DeptRateRig rig;
-    HandMadeHierarchy(rig.db);
-    rig.Rates({6});
-    auto& w = rig.Open();
-    w.Check1.SetValue(1);
-    EXPECT_EQ(CheckedCodes(w.TreeView1).size(), 9u);
-    w.TreeView1.UserCheck(rig.Node("9"), false);
-    EXPECT_EQ(w.Check1.Value(), 1) << "全选 stays ticked after a single untick";
-    w.Check1.SetValue(0);
-    EXPECT_EQ(CheckedCodes(w.TreeView1), std::vector<std::string>{});
 }
 
 TEST(DeptRun, ChecksBeforeRunningLeaveTheGridAsItWas) {
@@ -154,31 +139,27 @@ TEST(DeptRun, ChecksBeforeRunningLeaveTheGridAsItWas) {
     for (const auto& c : cases) {
         SCOPED_TRACE(c.why);
         DeptRateRig rig;
-        HandMadeHierarchy(rig.db);
-        rig.Rates({6});
-        auto& w = rig.Open();
+        auto& w = OpenHierarchy(rig);
         rig.Run({"9"}, Day(2024, 1, 1), Day(2024, 1, 31));
         ASSERT_EQ(w.MSFlexGrid1.Rows(), 4);
         rig.Node("9").SetChecked(c.tick);
         w.DTPicker1.SetValue(c.start);
         w.DTPicker2.SetValue(c.end);
-        const int statements = static_cast<int>(rig.statements.size());
+        const std::size_t statements = rig.statements.size();
         w.Command3.Click();
-        EXPECT_EQ(rig.MessageTexts(), std::vector<std::string>{c.message});
+        EXPECT_EQ(rig.MessageTexts(), Texts{c.message});
         EXPECT_EQ(rig.dialogs.Messages().at(0).Title, "系统提示");
         EXPECT_EQ(w.DTPicker1.FocusRequests(), c.pickerFocused ? 1 : 0);
         EXPECT_EQ(w.TreeView1.FocusRequests(), c.pickerFocused ? 0 : 1);
         EXPECT_EQ(w.MSFlexGrid1.Rows(), 4) << "the earlier result stays";
-        EXPECT_EQ(static_cast<int>(rig.statements.size()), statements);
+        EXPECT_EQ(rig.statements.size(), statements);
         EXPECT_FALSE(w.Picture5.Visible());
     }
 }
 
 TEST(DeptRun, AFailedQueryEndsInTheRunTimeReportWithTheWaitPanelShowing) {
     DeptRateRig rig;
-    HandMadeHierarchy(rig.db);
-    rig.Rates({6});
-    auto& w = rig.Open();
+    auto& w = OpenHierarchy(rig);
     rig.db.Exec("DROP TABLE 票据开票数据");
     EXPECT_THROW(rig.Run({"01"}, Day(2024, 1, 1), Day(2024, 1, 31)), RuntimeErrorRaised);
     EXPECT_EQ(rig.dialogs.RuntimeErrors().size(), 1u);
@@ -189,10 +170,10 @@ TEST(DeptRun, AFailedQueryEndsInTheRunTimeReportWithTheWaitPanelShowing) {
 
 TEST(DeptRun, NoRateSetEndsTheProgramAfterItsMessage) {
     DeptRateRig rig;
-    HandMadeHierarchy(rig.db);
+    rig.db.Department("01", "总部");
     rig.Rates({0}); // a zero rate is no rate
     EXPECT_THROW(rig.Open(), ProgramEnded);
-    EXPECT_EQ(rig.MessageTexts(), std::vector<std::string>{"没有设置税率，无法统计报表！"});
+    EXPECT_EQ(rig.MessageTexts(), Texts{"没有设置税率，无法统计报表！"});
 }
 
 } // namespace

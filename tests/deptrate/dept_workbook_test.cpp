@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <sstream>
 
 #include "deptrate_rig.h"
 #include "support/temp_dir.h"
@@ -13,22 +14,31 @@ namespace {
 using xlsxread::Area;
 using xlsxread::CellType;
 
+// A sheet row as shown: texts as they are, numbers as "#" and their value, empty cells "".
+Texts SheetRow(const xlsxread::Sheet& sheet, int row, int lastCol) {
+    Texts shown;
+    for (int c = 1; c <= lastCol; ++c) {
+        const auto* cell = sheet.Find(row, c);
+        std::ostringstream number;
+        if (cell && cell->type == CellType::Number) number << "#" << cell->number;
+        shown.push_back(!cell || cell->type == CellType::Empty ? ""
+                        : cell->type == CellType::Number       ? number.str()
+                                                               : cell->text);
+    }
+    return shown;
+}
+
 // 一区 with amounts at 1.5% and 6%, 二区 with none, 代收合计组 at 13%, over March 2024.
 class DeptWorkbook : public ::testing::Test {
 protected:
     void SetUp() override {
         rig.db.Department("0101", "一区").Department("0102", "二区").Department("0103", "代收合计组");
         rig.Rates({1.5, 6, 13});
-        rig.Invoice({"0101", "2024-03-05", 106.00, 6.00, 0.06})
-            .Invoice({"0101", "2024-03-06", 102.00, 2.00, 0.02})
-            .Invoice({"0103", "2024-03-07", 5.00, 5.00, 0.13});
+        rig.Invoice("0101", "2024-03-05", 106.00, 6.00, 0.06)
+            .Invoice("0101", "2024-03-06", 102.00, 2.00, 0.02)
+            .Invoice("0103", "2024-03-07", 5.00, 5.00, 0.13);
         rig.Open();
-    }
-    void RunMarch() { rig.Run({"0101", "0102", "0103"}, Day(2024, 3, 1), Day(2024, 3, 31)); }
-
-    std::string Text(const xlsxread::Sheet& sheet, int row, int col) {
-        const auto* cell = sheet.Find(row, col);
-        return cell ? cell->text : "<none>";
+        rig.Run({"0101", "0102", "0103"}, Day(2024, 3, 1), Day(2024, 3, 31));
     }
 
     DeptRateRig rig;
@@ -36,76 +46,41 @@ protected:
 };
 
 TEST_F(DeptWorkbook, SheetCellsMergesFillsAndFonts) {
-    RunMarch();
     rig.dialogs.QueueSaveFileName(dir.File("汇总.xls"));
     auto& w = *rig.window;
     w.Command2.Click();
 
-    ASSERT_EQ(rig.MessageTexts(), std::vector<std::string>{"汇总表导出成功！"});
+    ASSERT_EQ(rig.MessageTexts(), Texts{"汇总表导出成功！"});
     ASSERT_EQ(rig.dialogs.SaveDialogs().size(), 1u);
     EXPECT_EQ(rig.dialogs.SaveDialogs()[0].FileName, "增值税开票统计汇总_20240301-20240301")
         << "the start date twice, as users have always had it";
-    EXPECT_EQ(rig.dialogs.SaveDialogs()[0].Filter, "电子表(.xlsx)|*.xlsx|电子表(.xls)|*.xls");
     EXPECT_EQ(w.ProgressBar1.Max(), 5);
-    EXPECT_FALSE(w.ProgressBar1.Visible());
     EXPECT_FALSE(w.Label2.Visible());
     EXPECT_TRUE(w.Command1.Visible() && w.Command2.Visible() && w.Command3.Visible());
     EXPECT_TRUE(w.MSFlexGrid1.Visible());
     EXPECT_TRUE(w.MSFlexGrid1.Redraw());
 
-    ASSERT_TRUE(std::filesystem::exists(dir.File("汇总.xlsx"))) << "the chosen extension is dropped";
     const auto book = xlsxread::ReadXlsx(dir.File("汇总.xlsx"));
     const auto& sheet = book.First();
-
-    EXPECT_EQ(Text(sheet, 1, 1), "增值税开票统计汇总表");
-    EXPECT_EQ(Text(sheet, 3, 1), " 开票日期：2024-03-01 至 2024-03-31") << "both dates in the period line";
-
-    struct TextCase {
-        const char* why;
-        int row, col;
-        const char* text;
+    EXPECT_EQ(SheetRow(sheet, 1, 1), Texts{"增值税开票统计汇总表"});
+    EXPECT_EQ(SheetRow(sheet, 3, 1), Texts{" 开票日期：2024-03-01 至 2024-03-31"})
+        << "both dates in the period line";
+    // Rows 4 and 5 are the header rows, merged; 6 to 9 the grid's rows, the 合计 row without ordinal.
+    const std::vector<Texts> rows = {
+        {"序", "开票部门", "1.5%税率", "", "", "6%税率", "", "", "13%税率", "", ""},
+        {"", "", "含税金额", "税额", "不含税金额", "含税金额", "税额", "不含税金额", "含税金额", "税额",
+         "不含税金额"},
+        {"#1", "一区", "#102", "#2", "#100", "#106", "#6", "#100", "", "", ""},
+        {"#2", "二区", "", "", "", "", "", "", "", "", ""},
+        {"#3", "代收合计组", "", "", "", "", "", "", "#5", "#5", ""},
+        {"", "合计", "#102", "#2", "#100", "#106", "#6", "#100", "#5", "#5", "#0"},
     };
-    const TextCase texts[] = {
-        {"序 over both header rows", 4, 1, "序"}, {"开票部门", 4, 2, "开票部门"},
-        {"first rate heading", 4, 3, "1.5%税率"}, {"last rate heading", 4, 9, "13%税率"},
-        {"amount caption", 5, 3, "含税金额"},     {"last amount caption", 5, 11, "不含税金额"},
-        {"department name", 6, 2, "一区"},        {"total caption", 9, 2, "合计"},
-    };
-    for (const auto& c : texts) {
-        SCOPED_TRACE(c.why);
-        EXPECT_EQ(Text(sheet, c.row, c.col), c.text);
-    }
-
-    struct NumberCase {
-        const char* why;
-        int row, col;
-        double value;
-    };
-    const NumberCase numbers[] = {
-        {"ordinal", 6, 1, 1},
-        {"gross at 1.5%", 6, 3, 102},
-        {"net at 6%", 6, 8, 100},
-        {"third ordinal", 8, 1, 3},
-        {"gross at 13%", 8, 9, 5},
-        {"total gross at 6%", 9, 6, 106},
-        {"total net of nothing", 9, 11, 0},
-    };
-    for (const auto& c : numbers) {
-        SCOPED_TRACE(c.why);
-        const auto* cell = sheet.Find(c.row, c.col);
-        ASSERT_NE(cell, nullptr);
-        EXPECT_EQ(cell->type, CellType::Number);
-        EXPECT_EQ(cell->number, c.value);
-    }
+    for (int r = 4; r <= 9; ++r) EXPECT_EQ(SheetRow(sheet, r, 11), rows[r - 4]) << "row " << r;
 
     // Empty amounts stay empty, yet get the number format and the right alignment.
-    const auto* empty = sheet.Find(7, 3);
-    EXPECT_TRUE(!empty || empty->type == CellType::Empty);
     EXPECT_EQ(sheet.FormatAt(7, 3).numberFormat, "#0.00");
     EXPECT_EQ(sheet.FormatAt(7, 3).horizontal, "right");
     EXPECT_EQ(sheet.FormatAt(6, 2).numberFormat, "General") << "names and ordinals get no number format";
-    const auto* emptyOrdinal = sheet.Find(9, 1);
-    EXPECT_TRUE(!emptyOrdinal || emptyOrdinal->type == CellType::Empty) << "the 合计 row has no ordinal";
 
     const std::vector<Area> merges = {{1, 1, 1, 11}, {3, 1, 3, 4}, {4, 1, 5, 1}, {4, 2, 5, 2},
                                       {4, 3, 4, 5},  {4, 6, 4, 8}, {4, 9, 4, 11}};
@@ -158,44 +133,15 @@ TEST_F(DeptWorkbook, SheetCellsMergesFillsAndFonts) {
     EXPECT_EQ(sheet.columns.count(12), 0u) << "the grid's zero-width end column stays out";
 }
 
-TEST_F(DeptWorkbook, NothingToExportAsksNothing) {
-    rig.window->Command2.Click();
-    EXPECT_TRUE(rig.dialogs.SaveDialogs().empty());
-    EXPECT_TRUE(rig.dialogs.Messages().empty());
-}
-
-TEST_F(DeptWorkbook, CancelAndFailureMessages) {
-    struct Case {
-        const char* why;
-        bool cancel;
-        std::string path;
-        const char* messageStart;
-    };
-    const Case cases[] = {
-        {"cancelled dialog", true, "", "您取消了导出操作！"},
-        {"a folder that does not exist", false, dir.File("无此目录/表.xlsx"), "错误号: 1004错误描述: "},
-        {"a name without a dot: the path cut fails", false, dir.File("表"), "错误号: 5错误描述: "},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.why);
-        DeptRateRig local;
-        local.db.Department("0101", "一区");
-        local.Rates({6});
-        local.Open();
-        local.Run({"0101"}, Day(2024, 3, 1), Day(2024, 3, 31));
-        if (c.cancel)
-            local.dialogs.QueueSaveCancel();
-        else
-            local.dialogs.QueueSaveFileName(c.path);
-        auto& w = *local.window;
-        w.Command2.Click();
-        ASSERT_EQ(local.dialogs.Messages().size(), 1u);
-        EXPECT_EQ(local.dialogs.Messages()[0].Text.rfind(c.messageStart, 0), 0u)
-            << local.dialogs.Messages()[0].Text;
-        EXPECT_EQ(local.dialogs.Messages()[0].Title, "系统提示");
-        EXPECT_TRUE(w.Command1.Visible() && w.Command2.Visible() && w.Command3.Visible());
-        EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir.Path()), {}), 0) << "no file written";
-    }
+TEST_F(DeptWorkbook, AFailedSaveShowsItsNumberAndPutsTheButtonsBack) {
+    rig.dialogs.QueueSaveFileName(dir.File("无此目录/表.xlsx"));
+    auto& w = *rig.window;
+    w.Command2.Click();
+    ASSERT_EQ(rig.dialogs.Messages().size(), 1u);
+    EXPECT_EQ(rig.dialogs.Messages()[0].Text.rfind("错误号: 1004错误描述: ", 0), 0u) << rig.MessageTexts()[0];
+    EXPECT_EQ(rig.dialogs.Messages()[0].Title, "系统提示");
+    EXPECT_TRUE(w.Command1.Visible() && w.Command2.Visible() && w.Command3.Visible());
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir.Path()), {}), 0) << "no file written";
 }
 
 } // namespace

@@ -16,21 +16,18 @@
 
 namespace quillon {
 
+using Texts = std::vector<std::string>;
+
+inline DateTime Day(int year, int month, int day) {
+    return DateTime{year, month, day};
+}
+
 class DeptRateRig {
 public:
-    // An invoice of one line: department, invoice date, gross, tax (NULL when unset), rate.
-    struct Line {
-        std::string dept;
-        std::string issued;
-        double amount = 0;
-        std::optional<double> tax{};
-        double rate = 0;
-    };
-
     TestBillingDb db;
     AppSession session;
     ScriptedDialogs dialogs;
-    std::vector<std::string> statements;
+    Texts statements;
     std::unique_ptr<frm部门开票分税率统计表> window;
 
     // 税控盘收费项目设置 rows, one per rate, in percent.
@@ -40,13 +37,15 @@ public:
         return *this;
     }
 
-    // An invoice of one line, with a number of its own.
-    DeptRateRig& Invoice(const Line& line, TestInvoice extra = {}) {
+    // An invoice of one line with a number of its own: department, invoice date, gross, tax
+    // (std::nullopt for NULL), rate.
+    DeptRateRig& Invoice(const char* dept, const char* issued, double amount, std::optional<double> tax,
+                         double rate, TestInvoice extra = {}) {
         extra.lot = "L1";
         extra.number = "N" + std::to_string(++invoices_);
-        extra.dept = line.dept;
-        extra.issued = line.issued;
-        extra.lines = {{.item = "WYF", .amount = line.amount, .tax = line.tax, .rate = line.rate}};
+        extra.dept = dept;
+        extra.issued = issued;
+        extra.lines = {{.item = "WYF", .amount = amount, .tax = tax, .rate = rate}};
         db.Invoice(extra);
         return *this;
     }
@@ -86,16 +85,15 @@ public:
         return "?";
     }
 
-    // The texts of one grid row.
-    std::vector<std::string> RowTexts(int row) const {
-        std::vector<std::string> texts;
+    Texts RowTexts(int row) const {
+        Texts texts;
         for (int c = 0; c < window->MSFlexGrid1.Cols(); ++c)
             texts.push_back(window->MSFlexGrid1.TextMatrix(row, c));
         return texts;
     }
 
-    std::vector<std::string> MessageTexts() const {
-        std::vector<std::string> texts;
+    Texts MessageTexts() const {
+        Texts texts;
         for (const auto& m : dialogs.Messages()) texts.push_back(m.Text);
         return texts;
     }
@@ -103,9 +101,5 @@ public:
 private:
     int invoices_ = 0;
 };
-
-inline DateTime Day(int year, int month, int day) {
-    return DateTime{year, month, day};
-}
 
 } // namespace quillon

@@ -16,6 +16,8 @@
 
 namespace quillon {
 
+using Lines = std::vector<std::string>;
+
 // Lots of the four invoice types: special, ordinary, 全电发票 (类别 发票) and 收据 (类别 收据).
 inline constexpr const char* kSpecialLot = "L01";
 inline constexpr const char* kOrdinaryLot = "L02";
@@ -93,23 +95,31 @@ protected:
     std::vector<std::string> sent;
 };
 
-inline std::vector<std::string> GridRow(const FlexGrid& g, int row) {
-    std::vector<std::string> cells;
-    for (int c = 0; c < g.Cols(); ++c) cells.push_back(g.TextMatrix(row, c));
-    return cells;
+// A grid row as one line, its cells joined by "|".
+inline std::string GridLine(const FlexGrid& g, int row) {
+    std::string line;
+    for (int c = 0; c < g.Cols(); ++c) line += (c ? "|" : "") + g.TextMatrix(row, c);
+    return line;
 }
 
-// The data row of a month whose column 2 holds `kind` (a rate, or "小计"); -1 when none.
+// The grid's rows from `first` on, one line each.
+inline Lines GridLines(const FlexGrid& g, int first = 0) {
+    Lines lines;
+    for (int r = first; r < g.Rows(); ++r) lines.push_back(GridLine(g, r));
+    return lines;
+}
+
+inline std::vector<int> ColWidths(const FlexGrid& g) {
+    std::vector<int> widths;
+    for (int c = 0; c < g.Cols(); ++c) widths.push_back(g.ColWidth(c));
+    return widths;
+}
+
+// The data row of a month whose column 2 holds `kind` (a rate, "小计"; "" with month "合计"
+// for the 合计 row); -1 when none.
 inline int FindRow(const FlexGrid& g, const std::string& month, const std::string& kind) {
     for (int r = 2; r < g.Rows(); ++r)
         if (g.TextMatrix(r, 1) == month && g.TextMatrix(r, 2) == kind) return r;
-    return -1;
-}
-
-// The row whose column 1 holds "合计"; -1 when none.
-inline int TotalRow(const FlexGrid& g) {
-    for (int r = 2; r < g.Rows(); ++r)
-        if (g.TextMatrix(r, 1) == "合计") return r;
     return -1;
 }
 

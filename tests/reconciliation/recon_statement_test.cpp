@@ -182,33 +182,29 @@ constexpr const char* kUncollectedFirst =
     " And 作废日期 is null And 收费项目代号 in ('WX','WY')"
     " And 开票部门编号 ='0101' And 票据类型代号 IN ('01','02','03') And 内换日期 Is Null";
 
-TEST_F(ReconTest, MonthStatementOfTheNewFormIsTheGoldenText) {
+TEST_F(ReconTest, StatementsOfAMarchRunAreTheGoldenTexts) {
     AddTwoCategoryMarch(db);
-    auto w = OpenWindow<frm票据核对表New>();
-    Run(*w, "2024", "03", "03");
-    const auto month = Sent("Select Distinct");
-    ASSERT_EQ(month.size(), 1u);
-    EXPECT_EQ(month[0], kMonthStatementNew);
-}
-
-TEST_F(ReconTest, MonthStatementOfTheFirstFormIsTheGoldenText) {
-    AddTwoCategoryMarch(db);
-    auto w = OpenWindow<frm票据核对表>();
-    Run(*w, "2024", "03", "03");
-    const auto month = Sent("Select Distinct");
-    ASSERT_EQ(month.size(), 1u);
-    EXPECT_EQ(month[0], kMonthStatementFirst);
-}
-
-TEST_F(ReconTest, ExtractionAndAdjustmentsOfTheFirstFormAreTheGoldenTexts) {
-    AddTwoCategoryMarch(db);
-    auto w = OpenWindow<frm票据核对表>();
-    Run(*w, "2024", "03", "03");
-    // Load: department list and types; run: extraction, one month, two adjustments.
-    ASSERT_EQ(sent.size(), 6u);
-    EXPECT_EQ(sent[2], kExtractionFirst);
-    EXPECT_EQ(sent[4], kCollectedFirst);
-    EXPECT_EQ(sent[5], kUncollectedFirst);
+    struct Case {
+        const char* why;
+        bool newForm;
+        std::size_t index; // load: department list and types; run: extraction, month, two adjustments
+        const char* golden;
+    };
+    const Case cases[] = {
+        {"month statement of frm票据核对表New", true, 3, kMonthStatementNew},
+        {"month statement of frm票据核对表", false, 3, kMonthStatementFirst},
+        {"extraction of frm票据核对表", false, 2, kExtractionFirst},
+        {"collected pre-invoices of frm票据核对表", false, 4, kCollectedFirst},
+        {"uncollected pre-invoices of frm票据核对表", false, 5, kUncollectedFirst},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.why);
+        sent.clear();
+        auto w = OpenForm(c.newForm);
+        Run(*w, "2024", "03", "03");
+        ASSERT_EQ(sent.size(), 6u);
+        EXPECT_EQ(sent[c.index], c.golden);
+    }
 }
 
 } // namespace
