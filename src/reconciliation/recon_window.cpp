@@ -12,7 +12,7 @@ namespace {
 
 // Design geometry of the condition panel (twips, inside Picture2 and Picture6).
 constexpr int kListTop = 780;
-constexpr int kCriteriaHeight = 2700; // Picture6
+constexpr int kCriteriaHeight = 2850; // Picture6
 
 // Header of the columns that every layout has: row number, month, rate, the two VAT blocks.
 struct FixedHeader {
@@ -63,7 +63,7 @@ ReconWindow::ReconWindow(const ReconForm& form, AppSession& session, Dialogs& di
     AddControl(Command3, &Picture6);
     Command3.Move(120, 1380, 1335, 450);
     AddControl(Label2, &Picture6);
-    Label2.Move(120, 1950, panelWidth - 240, 660);
+    Label2.Move(120, 1950, panelWidth - 240, 780); // three lines of the formula
 
     // Two header rows; no fixed column is relied on, so data cells all scroll.
     MSFlexGrid1.SetFixedRows(2);
