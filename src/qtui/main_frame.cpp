@@ -96,8 +96,11 @@ MainFrame::MainFrame(MDIForm1& mdi, const QPixmap& banner) : mdi_(mdi) {
 
 MainFrame::~MainFrame() {
     for (auto& disconnect : disconnects_) disconnect();
-    for (QMdiSubWindow* window : mdiArea_->subWindowList())
+    for (QMdiSubWindow* window : mdiArea_->subWindowList()) {
+        // The sub-windows die after this frame's own members; their end must not call back.
+        disconnect(window, &QObject::destroyed, this, nullptr);
         if (auto* sub = dynamic_cast<FormSubWindow*>(window)) sub->Detach();
+    }
     if (busyCursor_) QApplication::restoreOverrideCursor();
 }
 
