@@ -297,9 +297,7 @@ int FlexGrid::ColWidth(int col) const {
 void FlexGrid::SetColWidth(int col, int twips) {
     CheckCol(col);
     if (twips < -1) ThrowInvalidPropertyValue();
-    if (cols_[col].width == twips) return;
-    cols_[col].width = twips;
-    NotifyContent(Aspect::Layout);
+    Change(cols_[col].width, twips, Aspect::Layout);
 }
 
 int FlexGrid::RowHeight(int row) const {
@@ -310,9 +308,7 @@ int FlexGrid::RowHeight(int row) const {
 void FlexGrid::SetRowHeight(int row, int twips) {
     CheckRow(row);
     if (twips < -1) ThrowInvalidPropertyValue();
-    if (rows_[row].height == twips) return;
-    rows_[row].height = twips;
-    NotifyContent(Aspect::Layout);
+    Change(rows_[row].height, twips, Aspect::Layout);
 }
 
 int FlexGrid::ColAlignment(int col) const {
@@ -323,9 +319,7 @@ int FlexGrid::ColAlignment(int col) const {
 void FlexGrid::SetColAlignment(int col, int alignment) {
     CheckCol(col);
     CheckAlignment(alignment);
-    if (cols_[col].alignment == alignment) return;
-    cols_[col].alignment = alignment;
-    NotifyContent(Aspect::Layout);
+    Change(cols_[col].alignment, alignment, Aspect::Layout);
 }
 
 int FlexGrid::FixedAlignment(int col) const {
@@ -336,9 +330,7 @@ int FlexGrid::FixedAlignment(int col) const {
 void FlexGrid::SetFixedAlignment(int col, int alignment) {
     CheckCol(col);
     CheckAlignment(alignment);
-    if (cols_[col].fixedAlignment == alignment) return;
-    cols_[col].fixedAlignment = alignment;
-    NotifyContent(Aspect::Layout);
+    Change(cols_[col].fixedAlignment, alignment, Aspect::Layout);
 }
 
 void FlexGrid::SetMergeCells(int mode) {
@@ -355,9 +347,7 @@ bool FlexGrid::MergeRow(int row) const {
 
 void FlexGrid::SetMergeRow(int row, bool on) {
     CheckRow(row);
-    if (rows_[row].merge == on) return;
-    rows_[row].merge = on;
-    NotifyContent(Aspect::Layout);
+    Change(rows_[row].merge, on, Aspect::Layout);
 }
 
 bool FlexGrid::MergeCol(int col) const {
@@ -367,9 +357,7 @@ bool FlexGrid::MergeCol(int col) const {
 
 void FlexGrid::SetMergeCol(int col, bool on) {
     CheckCol(col);
-    if (cols_[col].merge == on) return;
-    cols_[col].merge = on;
-    NotifyContent(Aspect::Layout);
+    Change(cols_[col].merge, on, Aspect::Layout);
 }
 
 // --- look
@@ -381,33 +369,23 @@ void FlexGrid::SetRedraw(bool on) {
 }
 
 void FlexGrid::SetWordWrap(bool on) {
-    if (wordWrap_ == on) return;
-    wordWrap_ = on;
-    NotifyContent(Aspect::Appearance);
+    Change(wordWrap_, on, Aspect::Appearance);
 }
 
 void FlexGrid::SetBackColor(std::uint32_t color) {
-    if (backColor_ == color) return;
-    backColor_ = color;
-    NotifyContent(Aspect::Appearance);
+    Change(backColor_, color, Aspect::Appearance);
 }
 
 void FlexGrid::SetForeColor(std::uint32_t color) {
-    if (foreColor_ == color) return;
-    foreColor_ = color;
-    NotifyContent(Aspect::Appearance);
+    Change(foreColor_, color, Aspect::Appearance);
 }
 
 void FlexGrid::SetBackColorFixed(std::uint32_t color) {
-    if (backColorFixed_ == color) return;
-    backColorFixed_ = color;
-    NotifyContent(Aspect::Appearance);
+    Change(backColorFixed_, color, Aspect::Appearance);
 }
 
 void FlexGrid::SetForeColorFixed(std::uint32_t color) {
-    if (foreColorFixed_ == color) return;
-    foreColorFixed_ = color;
-    NotifyContent(Aspect::Appearance);
+    Change(foreColorFixed_, color, Aspect::Appearance);
 }
 
 void FlexGrid::SetFormatString(std::string format) {

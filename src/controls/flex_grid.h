@@ -170,6 +170,12 @@ private:
     class MergeView;
 
     void NotifyContent(Aspect what); // held back while Redraw is off
+    // Sets a member and announces the change, unless it already holds the value.
+    template <typename T> void Change(T& member, T value, Aspect what) {
+        if (member == value) return;
+        member = value;
+        NotifyContent(what);
+    }
     void CheckCell(int row, int col) const;
     void CheckRow(int row) const;
     void CheckCol(int col) const;
