@@ -14,14 +14,19 @@ CliOptions::CliOptions(const std::vector<std::string>& args, const std::set<std:
         std::string name = a.substr(2);
         if (!known.count(name)) throw UsageError("unknown option " + a);
         if (i + 1 >= args.size()) throw UsageError("option " + a + " needs a value");
-        values_[name] = args[++i];
+        values_[name].push_back(args[++i]);
     }
 }
 
 std::optional<std::string> CliOptions::Get(const std::string& name) const {
     auto it = values_.find(name);
     if (it == values_.end()) return std::nullopt;
-    return it->second;
+    return it->second.back();
+}
+
+std::vector<std::string> CliOptions::All(const std::string& name) const {
+    auto it = values_.find(name);
+    return it == values_.end() ? std::vector<std::string>{} : it->second;
 }
 
 std::string CliOptions::Require(const std::string& name) const {

@@ -22,14 +22,17 @@ public:
     CliOptions(const std::vector<std::string>& args, const std::set<std::string>& known);
 
     const std::vector<std::string>& Positional() const { return positional_; }
+    // The last value of an option given more than once.
     std::optional<std::string> Get(const std::string& name) const;
+    // Every value of an option, in the order given.
+    std::vector<std::string> All(const std::string& name) const;
     std::string Require(const std::string& name) const;
     // A whole number in [min, max], else UsageError.
     long long Number(const std::string& name, long long fallback, long long min, long long max) const;
 
 private:
     std::vector<std::string> positional_;
-    std::map<std::string, std::string> values_;
+    std::map<std::string, std::vector<std::string>> values_;
 };
 
 } // namespace quillon

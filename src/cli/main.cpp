@@ -22,6 +22,9 @@ constexpr const char* kUsage =
     "                    --year YYYY --from MM --to MM [--tsv FILE] [--xlsx FILE] [--sql-log FILE]\n"
     "  quillon-cli run deptrate --db FILE (--depts CODE[,CODE...] | --all) --start YYYY-MM-DD\n"
     "                    --end YYYY-MM-DD [--tsv FILE] [--xlsx FILE] [--sql-log FILE]\n"
+    "  quillon-cli run preinvoice --db FILE --dept CODE [--office CODE] --from YYYY-MM-DD\n"
+    "                    --to YYYY-MM-DD [--split ITEMCODE=DEV:PROP ...] [--tsv FILE] [--xlsx FILE]\n"
+    "                    [--sql-log FILE]\n"
     "                                                       run a report window, print its grid as TSV,\n"
     "                                                       save its workbook\n";
 

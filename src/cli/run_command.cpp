@@ -3,12 +3,15 @@
 #include <iostream>
 #include <map>
 
+#include "base/date_time.h"
 #include "cli/cli_commands.h"
 #include "cli/grid_tsv.h"
 #include "cli/run_reports.h"
 #include "controls/command_button.h"
+#include "controls/list_box.h"
 #include "controls/scripted_dialogs.h"
 #include "db/connection.h"
+#include "model/department_catalog.h"
 
 namespace quillon {
 
@@ -20,6 +23,7 @@ const std::map<std::string, ReportDriver>& Reports() {
     static const std::map<std::string, ReportDriver> reports = {
         {"recon", RunReconReport},
         {"deptrate", RunDeptRateReport},
+        {"preinvoice", RunPreInvoiceReport},
     };
     return reports;
 }
@@ -38,6 +42,22 @@ ReportSession::ReportSession(const CliOptions& options) {
         conn.OnStatement = [log](const std::string& sql) { *log << sql << '\n' << std::flush; };
     }
     conn.Open();
+}
+
+DateTime RequireDate(const CliOptions& options, const std::string& name) {
+    const std::string text = options.Require(name);
+    auto date = DateTime::ParseIso(text);
+    if (!date || date->HasTime() || text.size() != 10) throw UsageError("--" + name + " must be YYYY-MM-DD");
+    return *date;
+}
+
+int FindDepartmentEntry(const ListBox& list, const std::string& dept,
+                        const std::optional<std::string>& office) {
+    for (int i = 0; i < list.ListCount(); ++i) {
+        const std::string line = list.List(i);
+        if (DepartmentCodeOf(line) == dept && (!office || OfficeCodeOf(line) == *office)) return i;
+    }
+    throw std::runtime_error("no department entry for " + (office ? dept + " 【" + *office + "】" : dept));
 }
 
 void WriteReportGrid(const FlexGrid& grid, const CliOptions& options) {

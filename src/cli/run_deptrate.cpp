@@ -12,13 +12,6 @@ namespace {
 
 constexpr const char* kExported = "汇总表导出成功！";
 
-DateTime RequireDate(const CliOptions& options, const std::string& name) {
-    const std::string text = options.Require(name);
-    auto date = DateTime::ParseIso(text);
-    if (!date || date->HasTime() || text.size() != 10) throw UsageError("--" + name + " must be YYYY-MM-DD");
-    return *date;
-}
-
 } // namespace
 
 int RunDeptRateReport(const std::vector<std::string>& args) {

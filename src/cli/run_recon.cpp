@@ -35,16 +35,7 @@ int RunReconReport(const std::vector<std::string>& args) {
         w = std::make_unique<frm票据核对表New>(report.Session(), dialogs);
     w->Load();
 
-    int entry = -1;
-    for (int i = 0; i < w->List1.ListCount() && entry < 0; ++i) {
-        const std::string line = w->List1.List(i);
-        if (DepartmentCodeOf(line) == dept && (!office || OfficeCodeOf(line) == *office)) entry = i;
-    }
-    if (entry < 0) {
-        const std::string wanted = office ? dept + " 【" + *office + "】" : dept;
-        std::fprintf(stderr, "quillon-cli run recon: no department entry for %s\n", wanted.c_str());
-        return 1;
-    }
+    const int entry = FindDepartmentEntry(w->List1, dept, office);
     // The year first: the department's click puts the year of that moment into the title.
     w->Combo1.SetText(year);
     w->Combo2.SetText(from);

@@ -4,6 +4,7 @@
 
 #include <fstream>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,11 +15,14 @@ namespace quillon {
 
 class CommandButton;
 class FlexGrid;
+class ListBox;
 class ScriptedDialogs;
+struct DateTime;
 
 // One driver per report name; gets the words after the name, gives the exit status.
 int RunReconReport(const std::vector<std::string>& args);
 int RunDeptRateReport(const std::vector<std::string>& args);
+int RunPreInvoiceReport(const std::vector<std::string>& args);
 
 // The session a report runs in: the database file opened through the embedded engine, and
 // every statement sent written to --sql-log when it is given (one statement a line).
@@ -31,6 +35,14 @@ private:
     AppSession session_;
     std::shared_ptr<std::ofstream> sqlLog_;
 };
+
+// A date option given as YYYY-MM-DD, else UsageError.
+DateTime RequireDate(const CliOptions& options, const std::string& name);
+
+// The index of the first department entry of the code (and office, when given); the error names
+// what was asked for when there is none (exit status 1).
+int FindDepartmentEntry(const ListBox& list, const std::string& dept,
+                        const std::optional<std::string>& office);
 
 // The grid as TSV to --tsv FILE, or to stdout.
 void WriteReportGrid(const FlexGrid& grid, const CliOptions& options);

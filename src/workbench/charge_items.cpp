@@ -1,0 +1,76 @@
+#include "workbench/charge_items.h"
+
+#include "base/vb_number.h"
+#include "base/vb_text.h"
+#include "controls/flex_grid.h"
+#include "db/recordset.h"
+#include "workbench/split_ratio_table.h"
+
+namespace quillon {
+
+bool ChargeItem::IsParking() const {
+    return Contains(Category, "停车");
+}
+
+std::string ChargeItemColumnName(std::string_view xm) {
+    std::string name(xm);
+    for (const char* cut : {"(", ")", "）", "（", "%"}) name = Replace(name, cut, "");
+    return name;
+}
+
+ChargeItem ReadChargeItem(const Recordset& rs) {
+    ChargeItem item;
+    const Field code = rs.Fields("收费项目代号");
+    if (!code.IsNull()) item.CodeLiteral = "'" + code.Value().AsText() + "'";
+    item.ColumnName = ChargeItemColumnName(rs.Fields("XM").Value().AsText());
+    const Field rate = rs.Fields("税率");
+    item.TaxRate = rate.IsNull() ? 0 : RoundMoney(rate.Value().AsNumber());
+    item.Category = rs.Fields("收费类别").Value().AsText();
+    if (!item.ColumnName.empty()) item.TaxColumnName = item.ColumnName + "税额";
+    return item;
+}
+
+int AmountColumnCount(const ChargeItemColumns& items) {
+    int n = 0;
+    for (const ChargeItem& item : items) n += item.IsParking() ? 3 : 2;
+    return n;
+}
+
+std::string TaxRateCaption(double taxRate) {
+    return "税额" + CStr(taxRate * 100) + "%";
+}
+
+int WriteChargeItemHeader(FlexGrid& g, int col, const ChargeItemColumns& items, const SplitRatioTable& split,
+                          int colWidth, bool allParking) {
+    for (const ChargeItem& item : items) {
+        std::vector<std::string> captions;
+        if (allParking || item.IsParking()) {
+            const int row = split.RowOf(item.CodeLiteral);
+            captions = {"开发商" + split.DeveloperText(row) + "%", "物业" + split.PropertyText(row) + "%"};
+        } else {
+            captions = {"金额"};
+        }
+        captions.push_back(TaxRateCaption(item.TaxRate));
+        for (const std::string& caption : captions) {
+            g.SetTextMatrix(0, col, item.ColumnName);
+            g.SetTextMatrix(1, col, caption);
+            g.SetColWidth(col, colWidth);
+            g.SetMergeCol(col, false);
+            ++col;
+        }
+    }
+    return col;
+}
+
+void WriteClosingHeaderColumns(FlexGrid& g, int col) {
+    const std::pair<const char*, int> closing[] = {{"合计", 1400}, {"收款方式", 900}, {"付款人", 3800}};
+    for (const auto& [caption, width] : closing) {
+        g.SetTextMatrix(0, col, caption);
+        g.SetTextMatrix(1, col, caption);
+        g.SetColWidth(col, width);
+        g.SetMergeCol(col, true);
+        ++col;
+    }
+}
+
+} // namespace quillon
