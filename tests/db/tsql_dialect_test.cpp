@@ -34,7 +34,7 @@ CREATE TABLE 开票行 (收费项目代号 TEXT COLLATE NOCASE, 金额 REAL);
 CREATE TABLE setupsfxm (DH TEXT COLLATE NOCASE, XM TEXT, 税率 REAL);
 CREATE TABLE 税控盘收费项目设置 (DH TEXT COLLATE NOCASE, 税率 REAL, 管理处 TEXT);
 INSERT INTO 开票行 VALUES ('WYF', 100), ('TCF', 50);
-INSERT INTO setupsfxm VALUES ('wyf', '物业费', 6), ('TCF', '停车费', 9);
+INSERT INTO setupsfxm VALUES ('wyf', '物业费', 0.06), ('TCF', '停车费', 0.09);
 INSERT INTO 税控盘收费项目设置 VALUES ('WYF', 6, '01'), ('TCF', 9, '02');
 )");
         conn.ConnectionString = file.SqliteConnectionText();

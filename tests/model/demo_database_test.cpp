@@ -133,8 +133,8 @@ TEST(DemoContent, HoldsEverySituationTheReportsTellApart) {
         {"item 维修基金 on bills",
          "票据开票数据 INNER JOIN SetupSFXM ON 收费项目代号 = DH WHERE XM = '维修基金'"},
         {"item with a display name", "SetupSFXM WHERE 显示名称 IS NOT NULL"},
-        {"item rates 0, 3, 6, 9 and 13 %",
-         "SELECT COUNT(DISTINCT 税率) - 4 FROM SetupSFXM WHERE 税率 IN (0, 3, 6, 9, 13)"},
+        {"item rates 0, 3, 6, 9 and 13 %, as fractions",
+         "SELECT COUNT(DISTINCT 税率) - 4 FROM SetupSFXM WHERE 税率 IN (0, 0.03, 0.06, 0.09, 0.13)"},
         {"item set up at two rates in one office",
          "(SELECT DH FROM 税控盘收费项目设置 GROUP BY DH, 管理处 HAVING COUNT(*) > 1)"},
         // invoices: payment
@@ -276,6 +276,9 @@ TEST(DemoContent, HoldsTogether) {
                                        "票据类型编号 = 票据类型代号 WHERE 票据类型代号 IS NULL"},
         {"bill of a department without office",
          "票据 WHERE 开票部门编号 NOT IN (SELECT 对应部门代号 FROM 设置管理处)"},
+        {"item whose fraction is none of its tax-device percentages",
+         "SetupSFXM s WHERE NOT EXISTS (SELECT 1 FROM 税控盘收费项目设置 t WHERE t.DH = s.DH AND "
+         "abs(t.税率 - s.税率 * 100) < 1e-9)"},
         {"office without tax-device rows",
          "设置管理处 WHERE GYD_DH NOT IN (SELECT 管理处 FROM 税控盘收费项目设置)"},
         {"billed item not set up for any office of the department",

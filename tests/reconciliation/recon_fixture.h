@@ -38,7 +38,7 @@ inline void AddReconBooks(TestBillingDb& db) {
         .Lot({kOrdinaryLot, "02"})
         .Lot({kAllElectricLot, "03"})
         .Lot({kReceiptLot, "04"})
-        .ChargeItem({.code = "WY", .name = "物业管理费(住宅)", .category = "物业", .rate = 6})
+        .ChargeItem({.code = "WY", .name = "物业管理费(住宅)", .category = "物业", .rate = 0.06})
         .ChargeItem({.code = "WX", .name = "维修基金", .category = "代收", .rate = 0})
         .DeviceItem({.item = "WY", .rate = 6, .office = "G01"})
         .DeviceItem({.item = "WX", .rate = 0, .office = "G01"})

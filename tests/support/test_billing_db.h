@@ -53,7 +53,7 @@ struct TestChargeItem {
     std::string code{};
     std::string name{};
     std::string category{};                   // 收费类别
-    double rate = 0;                          // 税率 in percent
+    double rate = 0;                          // 税率 as a fraction (0.06)
     std::optional<std::string> displayName{}; // 显示名称
 };
 

@@ -31,18 +31,14 @@ void DemoWriter::WriteCatalogues() {
         for (const auto& [lot, type] : b_.lots_) s.Bind(lot).Bind(kTypes[type].code).Run();
     }
     {
+        // The item's rate as a fraction: the detail reports print its header "税额{rate×100}%".
         Statement s(db_, "INSERT INTO SetupSFXM (DH, XM, 收费类别, 显示名称, 税率) VALUES (?, ?, ?, ?, ?)");
         for (const auto& i : kItems)
-            s.Bind(i.code)
-                .Bind(i.name)
-                .Bind(i.category)
-                .Bind(i.display)
-                .Bind(static_cast<double>(i.rate))
-                .Run();
+            s.Bind(i.code).Bind(i.name).Bind(i.category).Bind(i.display).Bind(i.rate / 100.0).Run();
     }
     {
-        // The tax device of each office knows the items it bills; 国贸公寓 has its rent set up at two
-        // rates (general and simplified), as some offices do.
+        // The tax device of each office knows the items it bills, at rates in percent; 国贸公寓 has its rent
+        // set up at two rates (general and simplified), as some offices do.
         Statement s(db_, "INSERT INTO 税控盘收费项目设置 (DH, 税率, 管理处) VALUES (?, ?, ?)");
         for (int o = 0; o < kOfficeCount; ++o) {
             std::vector<int> items = b_.offices_[o].receiptItems;
