@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "deptrate/deptrate_window.h"
+#include "preinvoice/preinvoice_window.h"
 #include "reconciliation/recon_window.h"
 #include "shell/main_window.h"
 
@@ -19,6 +20,7 @@ void RegisterReportWindows(MDIForm1& mdi) {
     // One line per report window that is built; the others open their placeholder.
     mdi.Windows.Register("frm票据核对表", MakeWindow<frm票据核对表>);
     mdi.Windows.Register("frm部门开票分税率统计表", MakeWindow<frm部门开票分税率统计表>);
+    mdi.Windows.Register("frm票据预开明细表New", MakeWindow<frm票据预开明细表New>);
 }
 
 } // namespace quillon

@@ -11,9 +11,11 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QSignalBlocker>
+#include <QToolButton>
 
 #include "controls/check_box.h"
 #include "controls/command_button.h"
+#include "controls/image.h"
 #include "controls/label.h"
 #include "controls/panel.h"
 #include "controls/progress_bar.h"
@@ -60,6 +62,27 @@ protected:
 
 private:
     QPushButton* widget_;
+};
+
+// An image that answers a click: a flat button showing what the picture names.
+class ImageBinding : public ControlBinding {
+public:
+    ImageBinding(Image& image, QToolButton* widget) : ControlBinding(image, widget), widget_(widget) {
+        widget->setAutoRaise(true);
+        widget->setFocusPolicy(Qt::NoFocus);
+        widget->setCursor(Qt::PointingHandCursor);
+        QObject::connect(widget, &QToolButton::clicked, this, [this] {
+            if (auto* m = ModelAs<Image>()) RunUserAction([m] { m->ClickImage(); });
+        });
+    }
+
+protected:
+    void Refresh(Aspect what) override {
+        if (what == Aspect::Caption) widget_->setText(ToQString(ModelAs<Image>()->Picture()));
+    }
+
+private:
+    QToolButton* widget_;
 };
 
 // Frames (named Frame…) get a titled box; picture boxes a plain panel in their back colour.
@@ -243,6 +266,10 @@ std::unique_ptr<ControlBinding> BindLabel(Label& label, QWidget* parent) {
 
 std::unique_ptr<ControlBinding> BindCommandButton(CommandButton& button, QWidget* parent) {
     return Make<CommandButtonBinding>(button, new QPushButton(parent));
+}
+
+std::unique_ptr<ControlBinding> BindImage(Image& image, QWidget* parent) {
+    return Make<ImageBinding>(image, new QToolButton(parent));
 }
 
 std::unique_ptr<ControlBinding> BindPanel(Panel& panel, QWidget* parent) {

@@ -10,6 +10,7 @@ namespace quillon {
 
 class Label;
 class CommandButton;
+class Image;
 class Panel;
 class CheckBox;
 class TextBox;
@@ -23,6 +24,7 @@ class FlexGrid;
 
 std::unique_ptr<ControlBinding> BindLabel(Label& label, QWidget* parent);
 std::unique_ptr<ControlBinding> BindCommandButton(CommandButton& button, QWidget* parent);
+std::unique_ptr<ControlBinding> BindImage(Image& image, QWidget* parent);
 std::unique_ptr<ControlBinding> BindPanel(Panel& panel, QWidget* parent);
 std::unique_ptr<ControlBinding> BindCheckBox(CheckBox& box, QWidget* parent);
 std::unique_ptr<ControlBinding> BindTextBox(TextBox& box, QWidget* parent);

@@ -5,6 +5,7 @@
 #include "controls/command_button.h"
 #include "controls/date_picker.h"
 #include "controls/flex_grid.h"
+#include "controls/image.h"
 #include "controls/label.h"
 #include "controls/list_box.h"
 #include "controls/panel.h"
@@ -69,6 +70,7 @@ std::unique_ptr<ControlBinding> BindControl(Control& control, QWidget* parent) {
     if (auto* c = dynamic_cast<FlexGrid*>(&control)) return BindFlexGrid(*c, parent);
     if (auto* c = dynamic_cast<Label*>(&control)) return BindLabel(*c, parent);
     if (auto* c = dynamic_cast<CommandButton*>(&control)) return BindCommandButton(*c, parent);
+    if (auto* c = dynamic_cast<Image*>(&control)) return BindImage(*c, parent);
     if (auto* c = dynamic_cast<Panel*>(&control)) return BindPanel(*c, parent);
     if (auto* c = dynamic_cast<CheckBox*>(&control)) return BindCheckBox(*c, parent);
     if (auto* c = dynamic_cast<TextBox*>(&control)) return BindTextBox(*c, parent);

@@ -14,11 +14,11 @@ class Recordset;
 class SplitRatioTable;
 
 struct ChargeItem {
-    std::string CodeLiteral;   // "'" + 收费项目代号 + "'"; empty when NULL
-    std::string ColumnName;    // XM without brackets and "%": column alias and group caption
-    double TaxRate = 0;        // 税率 as a fraction, two decimals; 0 when NULL
-    std::string Category;      // 收费类别
-    std::string TaxColumnName; // ColumnName + "税额"; empty when ColumnName is empty
+    std::string CodeLiteral{};   // "'" + 收费项目代号 + "'"; empty when NULL
+    std::string ColumnName{};    // XM without brackets and "%": column alias and group caption
+    double TaxRate = 0;          // 税率 as a fraction, two decimals; 0 when NULL
+    std::string Category{};      // 收费类别
+    std::string TaxColumnName{}; // ColumnName + "税额"; empty when ColumnName is empty
 
     // Parking income is shared between developer and property company.
     bool IsParking() const;
