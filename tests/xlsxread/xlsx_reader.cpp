@@ -5,6 +5,7 @@
 
 #include <array>
 #include <memory>
+#include <sstream>
 #include <stdexcept>
 
 #include <pugixml.hpp>
@@ -221,6 +222,23 @@ Book ReadXlsx(const std::string& path) {
         book.sheets.push_back(ReadSheet(zip.get(), rel->second.second, sharedStrings, formats));
     }
     return book;
+}
+
+std::vector<std::string> ShownRow(const Sheet& sheet, int row, int lastCol) {
+    std::vector<std::string> shown;
+    for (int c = 1; c <= lastCol; ++c) {
+        const Cell* cell = sheet.Find(row, c);
+        if (!cell || cell->type == CellType::Empty) {
+            shown.emplace_back();
+        } else if (cell->type == CellType::Number) {
+            std::ostringstream number;
+            number << "#" << cell->number;
+            shown.push_back(number.str());
+        } else {
+            shown.push_back(cell->text);
+        }
+    }
+    return shown;
 }
 
 } // namespace quillon::xlsxread

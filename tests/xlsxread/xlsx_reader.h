@@ -67,6 +67,10 @@ struct Book {
     const Sheet& First() const { return sheets.at(0); }
 };
 
+// A sheet row as a user reads it, columns 1 to lastCol: texts as they are, numbers as "#" and
+// their value, empty cells "".
+std::vector<std::string> ShownRow(const Sheet& sheet, int row, int lastCol);
+
 // Reads the file; std::runtime_error when it is no readable .xlsx.
 Book ReadXlsx(const std::string& path);
 
