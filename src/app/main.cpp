@@ -1,11 +1,13 @@
 // quillon — the GUI. `quillon` starts from the settings store; `quillon --demo` makes the demo
 // database once in the user's data folder and starts on it. For scripted runs (screenshots):
 // --open ENTRY (menu entry, repeatable), --menu ENTRY (leave a top menu open),
-// --size WIDTHxHEIGHT, --screenshot FILE (save the screen and end).
+// --size WIDTHxHEIGHT, --do STEP (repeatable: a step on the window in front, see
+// script_steps.h), --screenshot FILE (save the screen and end).
 #include <QApplication>
 #include <QFontDatabase>
 #include <QFontMetrics>
 #include <QIcon>
+#include <QMdiArea>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPixmap>
@@ -19,7 +21,9 @@
 #include <vector>
 
 #include "app/report_windows.h"
+#include "app/script_steps.h"
 #include "controls/text_width.h"
+#include "qtui/form_view.h"
 #include "qtui/main_frame.h"
 #include "qtui/qt_convert.h"
 #include "qtui/qt_dialogs.h"
@@ -35,6 +39,7 @@ namespace {
 struct Options {
     bool demo = false;
     std::vector<std::string> open;
+    std::vector<std::string> steps;
     std::string menu;
     std::string screenshot;
     int width = 1100;
@@ -43,7 +48,7 @@ struct Options {
 
 [[noreturn]] void Usage(const char* problem) {
     std::fprintf(stderr,
-                 "quillon: %s\nusage: quillon [--demo] [--open ENTRY]... [--menu ENTRY] "
+                 "quillon: %s\nusage: quillon [--demo] [--open ENTRY]... [--do STEP]... [--menu ENTRY] "
                  "[--size WIDTHxHEIGHT] [--screenshot FILE]\n",
                  problem);
     std::exit(2);
@@ -61,6 +66,8 @@ Options ParseOptions(const QStringList& args) {
             options.demo = true;
         } else if (arg == "--open") {
             options.open.push_back(value());
+        } else if (arg == "--do") {
+            options.steps.push_back(value());
         } else if (arg == "--menu") {
             options.menu = value();
         } else if (arg == "--screenshot") {
@@ -101,6 +108,18 @@ void RunScript(const Options& options, MainFrame& frame) {
             action->trigger();
         });
         delay += 250;
+    }
+    for (const std::string& step : options.steps) {
+        QTimer::singleShot(delay, &frame, [&frame, step] {
+            auto* window = dynamic_cast<FormSubWindow*>(frame.MdiArea()->activeSubWindow());
+            std::string problem = window && window->Model() ? std::string() : "no window in front";
+            if (problem.empty()) RunUserAction([&] { problem = RunScriptStep(*window->Model(), step); });
+            if (!problem.empty()) {
+                std::fprintf(stderr, "quillon: --do %s: %s\n", step.c_str(), problem.c_str());
+                std::exit(2);
+            }
+        });
+        delay += 150;
     }
     if (!options.menu.empty()) {
         QTimer::singleShot(delay, &frame, [&frame, entry = options.menu] {
