@@ -6,6 +6,8 @@
 #include <fstream>
 #include <sstream>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "model/demo_database.h"
 #include "support/temp_dir.h"
@@ -298,11 +300,149 @@ TEST(DemoContent, HoldsTogether) {
         {"ledger row of nobody", "WYZJ WHERE ZH_ID IS NULL AND DJ_ID IS NULL AND CW_ID IS NULL"},
         {"attachment of a voucher that does not exist",
          "收入凭证附件清单 WHERE 凭证ID NOT IN (SELECT ID FROM 收入凭证)"},
+        {"bill exchanged internally whose new bill does not name it",
+         "票据 a WHERE a.内换日期 IS NOT NULL AND NOT EXISTS (SELECT 1 FROM 票据 b WHERE b.入库单编号 = "
+         "a.对应调换票据入库单 AND b.票据编号 = a.内换票据编号 AND b.被换票入库单编号 = a.入库单编号 AND "
+         "b.被换票票据编号 = a.票据编号)"},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.why);
         EXPECT_EQ(CountOf(SmallDemo(), c.countSql), 0) << c.countSql;
     }
+}
+
+// The default demo database, which a user runs the reports on.
+sqlite3* DefaultDemo() {
+    static TempDir dir;
+    static sqlite3* db = [] {
+        sqlite3* opened = nullptr;
+        WriteDemoDatabase(dir.File("default.db"), {});
+        sqlite3_open_v2(dir.File("default.db").c_str(), &opened, SQLITE_OPEN_READONLY, nullptr);
+        return opened;
+    }();
+    return db;
+}
+
+// A department and year a user would pick in a detail report.
+struct Pick {
+    const char* dept;
+    const char* year;
+};
+
+// What a report shows for a pick: a counting statement with {dept} and {year} in it.
+struct Situation {
+    const char* why;
+    std::string countSql; // must count at least one row for every pick
+};
+
+std::string Filled(std::string sql, const Pick& pick) {
+    for (const auto& [key, value] : {std::pair{"{dept}", pick.dept}, std::pair{"{year}", pick.year}})
+        for (std::size_t at = sql.find(key); at != std::string::npos; at = sql.find(key, at))
+            sql.replace(at, std::string(key).size(), value);
+    return sql;
+}
+
+void ExpectEverySituationForEveryPick(const std::vector<Pick>& picks,
+                                      const std::vector<Situation>& situations) {
+    for (const auto& [size, db] :
+         {std::pair{"small demo", SmallDemo()}, std::pair{"default demo", DefaultDemo()}})
+        for (const Pick& pick : picks)
+            for (const Situation& s : situations) {
+                SCOPED_TRACE(std::string(size) + ", " + pick.dept + " in " + pick.year + ": " + s.why);
+                const std::string sql = Filled(s.countSql, pick);
+                EXPECT_GT(CountOf(db, sql), 0) << sql;
+            }
+}
+
+// Bills of the pick's department invoiced in its year, and those of them still open at the
+// year's end: not voided, not exchanged, not paid by 12-31.
+const std::string kIssuedInYear = "b.开票部门编号 = '{dept}' AND substr(b.开票日期, 1, 4) = '{year}'";
+const std::string kOpenAtYearEnd =
+    kIssuedInYear + " AND b.作废日期 IS NULL AND b.内换日期 IS NULL AND (b.收款日期 IS NULL OR "
+                    "substr(b.收款日期, 1, 10) > '{year}-12-31')";
+const std::string kParkingLine =
+    "票据开票数据 l INNER JOIN SetupSFXM ON l.收费项目代号 = DH WHERE l.入库单编号 = b.入库单编号 AND "
+    "l.票据编号 = b.票据编号 AND 收费类别 LIKE '%停车%'";
+
+TEST(DemoReports, PreInvoiceDetailOfEachYearIsFullForEstatesAndTheCarPark) {
+    const std::vector<Situation> situations = {
+        {"open bill paid in a later year", "票据 b WHERE " + kOpenAtYearEnd + " AND b.收款日期 IS NOT NULL"},
+        {"open bill never paid", "票据 b WHERE " + kOpenAtYearEnd + " AND b.收款日期 IS NULL"},
+        {"bill paid within the year",
+         "票据 b WHERE " + kIssuedInYear + " AND b.作废日期 IS NULL AND substr(b.收款日期, 1, 4) = '{year}'"},
+        {"unpaid bill voided",
+         "票据 b WHERE " + kIssuedInYear + " AND b.作废日期 IS NOT NULL AND b.收款日期 IS NULL"},
+        {"open bill exchanged internally, its open new bill naming it",
+         "票据 a INNER JOIN 票据 b ON b.入库单编号 = a.对应调换票据入库单 AND b.票据编号 = a.内换票据编号 "
+         "WHERE " +
+             kOpenAtYearEnd +
+             " AND a.内换日期 IS NOT NULL AND substr(a.开票日期, 1, 4) = '{year}' AND (a.收款日期 IS NULL OR "
+             "substr(a.收款日期, 1, 10) > '{year}-12-31') AND b.被换票入库单编号 = a.入库单编号 AND "
+             "b.被换票票据编号 = a.票据编号"},
+        {"open bill with lines of two parking items (two rows of the split table)",
+         "(SELECT 1 FROM 票据 b INNER JOIN 票据开票数据 l ON l.入库单编号 = b.入库单编号 AND l.票据编号 = "
+         "b.票据编号 INNER JOIN SetupSFXM ON l.收费项目代号 = DH WHERE " +
+             kOpenAtYearEnd + " AND 收费类别 LIKE '%停车%' GROUP BY b.ID HAVING COUNT(DISTINCT DH) > 1)"},
+        {"invoice line without tax on an open bill",
+         "票据开票数据 l INNER JOIN 票据 b ON b.ID = l.票据id WHERE " + kOpenAtYearEnd +
+             " AND l.税额 IS NULL AND " + TypeOf("b") + " <> '收据'"},
+        {"open 全电发票 replacing its department's bill of code 01",
+         "票据 b INNER JOIN 票据 a ON a.入库单编号 = b.被换票入库单编号 AND a.票据编号 = b.被换票票据编号 "
+         "WHERE " +
+             kOpenAtYearEnd + " AND a.开票部门编号 = b.开票部门编号 AND a.发票代码 = '01' AND " +
+             TypeOf("b") + " = '全电发票'"},
+    };
+    ExpectEverySituationForEveryPick({{"010101", "2024"},
+                                      {"010101", "2025"},
+                                      {"010102", "2024"},
+                                      {"010102", "2025"},
+                                      {"010201", "2024"},
+                                      {"010201", "2025"},
+                                      {"0104", "2024"},
+                                      {"0104", "2025"}},
+                                     situations);
+}
+
+TEST(DemoReports, ParkingFeeDetailOfEachYearFoldsBatchesOfTheCarParksAndEstates) {
+    // Bills of one lot collected at one time (the report's rows), of parking items.
+    const std::string batches =
+        "(SELECT b.入库单编号 AS lot, b.收款日期 AS paid, COUNT(*) AS n, MAX(CAST(substr(b.票据编号, -10) AS "
+        "INTEGER)) - MIN(CAST(substr(b.票据编号, -10) AS INTEGER)) AS span, SUM(substr(b.开票日期, 1, 4) = "
+        "'{year}') AS issuedInYear, SUM(b.交易订单号 IS NOT NULL) AS orders, SUM(b.收款方式 = '微信') AS "
+        "wechat "
+        "FROM 票据 b WHERE b.开票部门编号 = '{dept}' AND substr(b.收款日期, 1, 4) = '{year}' AND b.作废日期 "
+        "IS "
+        "NULL AND b.内换日期 IS NULL AND EXISTS (SELECT 1 FROM " +
+        kParkingLine + ") GROUP BY b.入库单编号, b.收款日期 HAVING COUNT(*) > 1)";
+    const std::vector<Situation> situations = {
+        {"three or more bills of one run of numbers, invoiced in the year, collected at one time of day",
+         batches + " WHERE n >= 3 AND span = n - 1 AND issuedInYear = n AND length(paid) > 10"},
+        {"batch paid online, each bill with its order number", batches + " WHERE orders = n"},
+        {"batch recorded as 微信, which the mode list calls 微信支付", batches + " WHERE wechat = n"},
+        {"one lot collected at two times of one day",
+         "(SELECT 1 FROM " + batches + " GROUP BY lot, substr(paid, 1, 10) HAVING COUNT(*) > 1)"},
+        {"batches by several modes", "SELECT COUNT(DISTINCT b.收款方式) - 1 FROM 票据 b INNER JOIN " +
+                                         batches + " x ON x.lot = b.入库单编号 AND x.paid = b.收款日期"},
+    };
+    ExpectEverySituationForEveryPick({{"0104", "2024"},
+                                      {"0104", "2025"},
+                                      {"0105", "2024"},
+                                      {"010101", "2024"},
+                                      {"010101", "2025"},
+                                      {"010102", "2024"},
+                                      {"010102", "2025"},
+                                      {"010201", "2024"},
+                                      {"010201", "2025"}},
+                                     situations);
+}
+
+TEST(DemoReports, InvoiceDetailTakesItsMaintenanceFundFormInBothYears) {
+    ExpectEverySituationForEveryPick(
+        {{"010101", "2024"}, {"010101", "2025"}, {"010201", "2024"}, {"010201", "2025"}},
+        {{"bill with a 维修基金 line",
+          "票据开票数据 l INNER JOIN 票据 b ON b.ID = l.票据id INNER JOIN SetupSFXM ON "
+          "l.收费项目代号 = DH WHERE XM = '维修基金' AND " +
+              kIssuedInYear}});
 }
 
 } // namespace

@@ -205,13 +205,9 @@ Draft DemoBuilder::Copy(const Draft& from, int day) const {
     return d;
 }
 
-namespace {
-
 bool IsOnline(const OptText& mode) {
     return mode && (*mode == "微信支付" || *mode == "微信" || *mode == "支付宝");
 }
-
-} // namespace
 
 void DemoBuilder::SetPayment(Draft& d, Scenario s) {
     const int day = d.issueDay;
@@ -234,6 +230,13 @@ void DemoBuilder::SetPayment(Draft& d, Scenario s) {
         d.paidDay.reset();
         d.mode.reset(); // no money, no mode
         break;
+    case Scenario::PaidAfterYearEnd: {
+        // Pre-invoiced, and paid only after the year closed (by the day the data were taken).
+        d.preInvoice = 1;
+        const int yearEnd = LastDayOfYear(day);
+        d.paidDay = yearEnd + static_cast<int>(rng_.Int(1, std::min(60, kCutDay - yearEnd)));
+        break;
+    }
     case Scenario::PaidBeforeIssue:
         d.paidDay = day - static_cast<int>(rng_.Int(5, 40));
         break;
@@ -252,11 +255,14 @@ void DemoBuilder::SetPayment(Draft& d, Scenario s) {
     // Online parking payments carry the payment platform's order number, nine times in ten.
     const bool parking = IsParkingItem(d.lines[0].item);
     if (parking && d.paidDay && IsOnline(d.mode) && onlineParking_++ % 10 != 1) {
-        d.orderNo = *d.mode == "支付宝" ? IsoDate(*d.paidDay).substr(0, 4) + Digits(rng_, 24)
-                                        : "4200" + Digits(rng_, 24);
+        d.orderNo = OrderNumber(*d.mode, *d.paidDay);
     } else {
         d.orderNo.reset();
     }
+}
+
+std::string DemoBuilder::OrderNumber(const std::string& mode, int day) {
+    return mode == "支付宝" ? IsoDate(day).substr(0, 4) + Digits(rng_, 24) : "4200" + Digits(rng_, 24);
 }
 
 } // namespace quillon::demo

@@ -11,34 +11,9 @@
 #include "model/demo/draft.h"
 #include "model/demo/office_state.h"
 #include "model/demo/rng.h"
+#include "model/demo/scenario.h"
 
 namespace quillon::demo {
-
-enum class Scenario {
-    Ordinary,
-    PaidLaterInMonth,
-    PaidLaterFlagged,
-    PaidLaterUnflagged,
-    NeverPaidFlagged,
-    NeverPaidUnflagged,
-    PaidBeforeIssue,
-    Voided,
-    VoidedNegative,
-    Returned,
-    Negative,
-    InternalExchange,
-    ReplaceSpecialByFullE,
-    ReplaceOrdinaryByFullE,
-    ReplaceSameType,
-    NullTaxLine,
-    ModeWeChat,
-    ModeWeChatPay,
-    ModeNotInList,
-    PayerLineBreak,
-    FundReceipt,
-    ModeCash,
-    SameNumberTwoLots,
-};
 
 class DemoBuilder {
 public:
@@ -49,7 +24,7 @@ public:
     void NumberInvoices();
 
     Rng rng_;
-    int monthlyLines_ = 0, onlineParking_ = 0;
+    int monthlyLines_ = 0, onlineParking_ = 0, openBills_ = 0;
     std::vector<OfficeState> offices_;
     std::vector<Draft> drafts_;
     std::vector<std::size_t> order_;                // draft indexes by ID
@@ -93,6 +68,11 @@ private:
     Draft Fresh(int office, int day, int type = -1, int firstItem = -1);
     Draft Copy(const Draft& from, int day) const;
     void Make(Scenario s, int office, int day, int remaining);
+    void MakeParkingBatch(Scenario s, int office, int day, int remaining);
+    // A parking item the office bills, by its weight among them.
+    int PickParkingItem(int office);
+    // The payment platform's order number of an online payment.
+    std::string OrderNumber(const std::string& mode, int day);
     std::string Address(const Building& b, const std::string& room) const;
 };
 

@@ -53,4 +53,12 @@ int LastDayOfMonth(int day) {
     return DaysFromCivil(next / 12, next % 12 + 1, 1) - 1;
 }
 
+int FirstDayOfYear(int day) {
+    return DaysFromCivil(CivilFromDays(day).y, 1, 1);
+}
+
+int LastDayOfYear(int day) {
+    return DaysFromCivil(CivilFromDays(day).y, 12, 31);
+}
+
 } // namespace quillon::demo

@@ -37,5 +37,8 @@ int MonthIndex(int day);
 // "yyyymm" of a month index.
 std::string YearMonthText(int monthIndex);
 int LastDayOfMonth(int day);
+// First and last day of the day's year.
+int FirstDayOfYear(int day);
+int LastDayOfYear(int day);
 
 } // namespace quillon::demo

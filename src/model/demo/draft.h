@@ -38,6 +38,7 @@ struct Draft {
     int replaces = -1;    // draft index of the bill this one replaced
     int replacedBy = -1;  // draft index of the bill that replaced this one
     int sameNumberAs = -1;
+    int runLength = 0; // on the first bill of a batch: the bills that take one run of numbers with it
     OptText mode, payer, address, orderNo;
     std::string taker, writer;
     PayerKind payerKind = PayerKind::Walkin;
@@ -53,5 +54,8 @@ struct Draft {
         return sum;
     }
 };
+
+// Paid through a payment platform ("微信", "微信支付", "支付宝").
+bool IsOnline(const OptText& mode);
 
 } // namespace quillon::demo

@@ -35,7 +35,9 @@ void DemoBuilder::NumberInvoices() {
         d.id = ++id;
         LotState& ls = open[{d.type, kOffices[d.office].dept}];
         const Civil c = CivilFromDays(d.issueDay);
-        if (ls.next == ls.end) {
+        // A batch takes one run of numbers: a lot too short for it is left with its last numbers
+        // unused.
+        if (ls.next == ls.end || ls.end - ls.next < d.runLength) {
             const int seq = ++lotSeq[{d.type, c.y}];
             char buf[32];
             std::snprintf(buf, sizeof buf, "%s%04d%04d", kTypes[d.type].lotPrefix, c.y, seq);

@@ -1,5 +1,5 @@
-// scenarios.cpp — model layer, demo data: which bills are drafted: a showcase of every scenario in
-// a few offices, then scenarios drawn by weight.
+// scenarios.cpp — model layer, demo data: which bills are drafted, the showcase first, then
+// scenarios drawn by weight, and how each scenario drafts its bill and its partner.
 #include <algorithm>
 #include <iterator>
 #include <string>
@@ -8,6 +8,7 @@
 #include "model/demo/builder.h"
 #include "model/demo/catalogue.h"
 #include "model/demo/names.h"
+#include "model/demo/showcase.h"
 
 namespace quillon::demo {
 
@@ -36,27 +37,80 @@ const ScenarioWeight kScenarioWeights[] = {
     {Scenario::NullTaxLine, 40},
     {Scenario::ModeNotInList, 40},
     {Scenario::PayerLineBreak, 20},
+    {Scenario::PaidAfterYearEnd, 150},
+    {Scenario::OpenParkingTwoItems, 40},
+    {Scenario::OpenNullTaxLine, 20},
+    {Scenario::OpenExchange, 20},
+    {Scenario::OpenSpecialByFullE, 20},
+    {Scenario::ParkingBatch, 120},
+    {Scenario::ParkingBatchWeChat, 30},
+    {Scenario::ParkingBatchTwoTimes, 40},
 };
+
+// The plain scenario that a scenario of a bill still open at the year end is drafted as.
+Scenario ShapeOf(Scenario s) {
+    switch (s) {
+    case Scenario::OpenParkingTwoItems:
+        return Scenario::Ordinary;
+    case Scenario::OpenNullTaxLine:
+        return Scenario::NullTaxLine;
+    case Scenario::OpenExchange:
+        return Scenario::InternalExchange;
+    case Scenario::OpenSpecialByFullE:
+        return Scenario::ReplaceSpecialByFullE;
+    default:
+        return s;
+    }
+}
+
+bool IsPair(Scenario s) {
+    return s == Scenario::Negative || s == Scenario::VoidedNegative || s == Scenario::InternalExchange ||
+           s == Scenario::ReplaceSpecialByFullE || s == Scenario::ReplaceOrdinaryByFullE ||
+           s == Scenario::ReplaceSameType || s == Scenario::SameNumberTwoLots;
+}
+
+bool IsBatch(Scenario s) {
+    return s == Scenario::ParkingBatch || s == Scenario::ParkingBatchWeChat ||
+           s == Scenario::ParkingBatchTwoTimes;
+}
 
 } // namespace
 
 // Drafts one bill of the scenario, with its partner where the scenario has one.
 void DemoBuilder::Make(Scenario s, int office, int day, int remaining) {
-    const bool pair = s == Scenario::Negative || s == Scenario::VoidedNegative ||
-                      s == Scenario::InternalExchange || s == Scenario::ReplaceSpecialByFullE ||
-                      s == Scenario::ReplaceOrdinaryByFullE || s == Scenario::ReplaceSameType ||
-                      s == Scenario::SameNumberTwoLots;
+    if (IsBatch(s)) return MakeParkingBatch(s, office, day, remaining);
+    // Parking lines need a registration or a space to bill, which shops have not.
+    if (s == Scenario::OpenParkingTwoItems && kOffices[office].kind == OfficeKind::Commercial)
+        s = Scenario::NeverPaidFlagged;
+    const bool twoParkingItems = s == Scenario::OpenParkingTwoItems;
+    const bool open = ShapeOf(s) != s; // still open when the year closed
+    s = ShapeOf(s);
+    const bool pair = IsPair(s);
     if (pair && remaining < 2) s = Scenario::Ordinary;
     const int end = offices_[office].endDay;
     if (day > end) day = static_cast<int>(rng_.Int(kFirstDay, end));
-    // A partner comes up to a month later, so leave it room before the office or the year ends.
-    if (pair && day > end - 40) day = static_cast<int>(rng_.Int(kFirstDay, end - 40));
+    if (pair) {
+        // A partner comes up to a month later, so leave it room before the office ends, and for a
+        // bill open at the year end, before the year ends.
+        const int last = open ? std::min(end, LastDayOfYear(day)) : end;
+        const int from = open ? FirstDayOfYear(day) : kFirstDay;
+        if (day > last - 40) day = static_cast<int>(rng_.Int(from, last - 40));
+    }
+    if (s == Scenario::PaidAfterYearEnd) {
+        // Pre-invoiced late in the year.
+        const int last = std::min(end, LastDayOfYear(day));
+        if (day < last - 60) day = last - static_cast<int>(rng_.Int(0, 60));
+    }
 
     int type = -1;
     if (s == Scenario::ReplaceSpecialByFullE) type = kSpecial;
     if (s == Scenario::ReplaceOrdinaryByFullE || s == Scenario::SameNumberTwoLots) type = kOrdinary;
     if (s == Scenario::NullTaxLine) type = kOrdinary;
     int firstItem = -1;
+    if (twoParkingItems) {
+        type = day >= DaysFromCivil(2025, 1, 1) ? kFullE : kOrdinary;
+        firstItem = offices_[office].registrations.empty() ? kSpaceFee : kParkMonthly;
+    }
     if (s == Scenario::FundReceipt && kOffices[office].kind == OfficeKind::Residential) {
         type = kReceipt; // the maintenance fund is taken on receipts, by estates only
         firstItem = kFund;
@@ -66,7 +120,11 @@ void DemoBuilder::Make(Scenario s, int office, int day, int remaining) {
     if (s == Scenario::ModeWeChatPay) d.mode = "微信支付";
     if (s == Scenario::ModeNotInList) d.mode = "代金券";
     if (s == Scenario::ModeCash) d.mode = "现金";
-    SetPayment(d, s);
+    if (twoParkingItems) // the space's fee billed with the monthly parking, or the other way round
+        d.lines.push_back(
+            MakeLine(office, d.type, firstItem == kParkMonthly ? kSpaceFee : kParkMonthly, d.issueDay, 0));
+    // A bill open at the year end is either paid in the next year or never, by turns.
+    SetPayment(d, !open ? s : openBills_++ % 2 ? Scenario::PaidAfterYearEnd : Scenario::NeverPaidFlagged);
 
     switch (s) {
     case Scenario::Voided:
@@ -108,9 +166,10 @@ void DemoBuilder::Make(Scenario s, int office, int day, int remaining) {
         Add(p);
         break;
     case Scenario::InternalExchange: {
-        // The money was taken once, on the first bill; the new bill takes its place.
+        // The money was taken once, on the first bill; the new bill takes its place and names it.
         p.paidDay = d.paidDay;
         p.paidSecond = d.paidSecond;
+        p.replaces = static_cast<int>(first);
         const std::size_t second = Add(p);
         drafts_[first].exchangedTo = static_cast<int>(second);
         drafts_[first].exchangeDay = p.issueDay;
@@ -148,42 +207,8 @@ void DemoBuilder::Make(Scenario s, int office, int day, int remaining) {
 }
 
 void DemoBuilder::BuildInvoices(int count) {
-    // Every scenario at least once in a residential, a commercial and a parking office, so that a
-    // small demo database holds them all; the rest is drawn at random.
-    std::vector<std::pair<Scenario, int>> showcase;
-    const int showOffices[] = {0, 3, 9}; // "1", "3", "10"
-    const Scenario all[] = {Scenario::Ordinary,
-                            Scenario::PaidLaterInMonth,
-                            Scenario::PaidLaterFlagged,
-                            Scenario::PaidLaterUnflagged,
-                            Scenario::NeverPaidFlagged,
-                            Scenario::NeverPaidUnflagged,
-                            Scenario::PaidBeforeIssue,
-                            Scenario::Voided,
-                            Scenario::VoidedNegative,
-                            Scenario::Returned,
-                            Scenario::Negative,
-                            Scenario::InternalExchange,
-                            Scenario::ReplaceSpecialByFullE,
-                            Scenario::ReplaceOrdinaryByFullE,
-                            Scenario::ReplaceSameType,
-                            Scenario::NullTaxLine,
-                            Scenario::ModeWeChat,
-                            Scenario::ModeWeChatPay,
-                            Scenario::ModeNotInList,
-                            Scenario::PayerLineBreak,
-                            Scenario::FundReceipt,
-                            Scenario::ModeCash};
-    for (Scenario s : all)
-        for (int o : showOffices) showcase.push_back({s, o});
-    showcase.push_back({Scenario::SameNumberTwoLots, 0});
-    // Parking bills paid online, with and without an order number, come from the car park.
-    for (int i = 0; i < 6; ++i)
-        showcase.push_back({i % 2 ? Scenario::ModeWeChat : Scenario::ModeWeChatPay, 9});
-    // Offices that ended still issued bills while they were open.
-    showcase.push_back({Scenario::Ordinary, 8});
-    showcase.push_back({Scenario::Ordinary, 10});
-
+    // The showcase first, so that a small demo database holds it all; the rest is drawn at random.
+    const std::vector<ShowcaseEntry> showcase = ShowcaseEntries();
     std::vector<int> scenarioWeights;
     int rest = 10000;
     for (const auto& sw : kScenarioWeights) {
@@ -194,10 +219,12 @@ void DemoBuilder::BuildInvoices(int count) {
 
     drafts_.reserve(static_cast<std::size_t>(count) + 2);
     for (std::size_t i = 0; static_cast<int>(drafts_.size()) < count; ++i) {
-        const int day = static_cast<int>(rng_.Int(kFirstDay, kLastDay));
+        int day = static_cast<int>(rng_.Int(kFirstDay, kLastDay));
         const int remaining = count - static_cast<int>(drafts_.size());
         if (i < showcase.size()) {
-            Make(showcase[i].first, showcase[i].second, day, remaining);
+            const ShowcaseEntry& e = showcase[i];
+            if (e.year) day = DaysFromCivil(e.year, 1, 1) + (day - kFirstDay) % 365;
+            Make(e.scenario, e.office, day, remaining);
         } else {
             const int pick = rng_.Weighted(scenarioWeights);
             const Scenario s = pick < static_cast<int>(std::size(kScenarioWeights)) ? kScenarioWeights[pick].s
