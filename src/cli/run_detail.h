@@ -1,0 +1,65 @@
+// run_detail.h — quillon-cli run preinvoice|parking|invoice …: the detail reports, driven alike:
+// the department entry, the range, Command3, the split percentages typed as a user types them,
+// Command6, then every page of the result.
+#pragma once
+
+#include <fstream>
+#include <iostream>
+#include <string>
+#include <vector>
+
+#include "cli/console_dialogs.h"
+#include "cli/run_reports.h"
+#include "workbench/detail_report_form.h"
+
+namespace quillon {
+
+struct SplitOption {
+    std::string itemCode;
+    std::string developer;
+    std::string property;
+};
+
+// ITEMCODE=DEV:PROP, the two texts typed as they stand (a wrong one is for the window to refuse).
+SplitOption ParseSplit(const std::string& text);
+
+// Clicks the developer's cell of the item's row, types, Enter, types, Enter.
+void TypeSplit(DetailReportForm& w, const SplitOption& split);
+
+// The header rows once, then the rows of every page in order, as if a page had no limit.
+void WritePages(DetailReportForm& w, std::ostream& out);
+
+// The driver of every detail window; Window is constructed from the session and the dialogs.
+template <typename Window> int RunDetailReport(const std::vector<std::string>& args) {
+    CliOptions options(args, {"db", "dept", "office", "from", "to", "split", "tsv", "xlsx", "sql-log"});
+    if (!options.Positional().empty()) throw UsageError("unexpected '" + options.Positional().front() + "'");
+    const std::string dept = options.Require("dept");
+    const auto office = options.Get("office");
+    const DateTime from = RequireDate(options, "from");
+    const DateTime to = RequireDate(options, "to");
+    std::vector<SplitOption> splits;
+    for (const std::string& text : options.All("split")) splits.push_back(ParseSplit(text));
+
+    ReportSession report(options);
+    ConsoleDialogs dialogs;
+    Window w(report.Session(), dialogs);
+    w.Load();
+    w.List1.SetListIndex(FindDepartmentEntry(w.List1, dept, office));
+    w.DTPicker1_0.SetValue(from);
+    w.DTPicker1_1.SetValue(to);
+    w.Command3.Click();
+    for (const SplitOption& split : splits) TypeSplit(w, split);
+    w.Command6.Click();
+
+    if (auto path = options.Get("tsv")) {
+        std::ofstream out(*path, std::ios::out | std::ios::trunc);
+        if (!out) throw std::runtime_error("cannot write " + *path);
+        WritePages(w, out);
+    } else {
+        WritePages(w, std::cout);
+        std::cout.flush();
+    }
+    return FinishReportRun(options, dialogs, w.Command2, w.Texts().exportedMessage);
+}
+
+} // namespace quillon
