@@ -4,6 +4,7 @@
 #include "db/connection.h"
 #include "model/payment_catalog.h"
 #include "preinvoice/preinvoice_window.h"
+#include "workbench/detail_fields.h"
 #include "workbench/statement_text.h"
 
 namespace quillon {
@@ -157,23 +158,8 @@ bool frm票据预开明细表New::RunPreInvoiceQuery(const std::string& dept,
     return true;
 }
 
-namespace {
-
-// The platform formats a date field "yyyy-mm-dd"; a NULL shows as empty text.
-std::string DateText(const Field& f) {
-    return f.IsNull() ? std::string() : Format(f.Value().AsDate(), "yyyy-mm-dd");
-}
-
-// A money field rounded to the cent as the grid will show it; NULL counts 0.
-double Cents(const Field& f) {
-    return f.IsNull() ? 0.0 : Val(Format(f.Value().AsNumber(), "0.00"));
-}
-
-} // namespace
-
 void frm票据预开明细表New::ReadBill(const Recordset& rs, PreInvoiceRow& row) {
-    row.Amounts.assign(AmountColumnCount, 0.0);
-    row.BillDate = DateText(rs.Fields("开票日期"));
+    row.BillDate = DateFieldText(rs.Fields("开票日期"));
     row.IsVoid = !rs.Fields("作废日期").IsNull();
     row.BillNo = rs.Fields("票据编号").Value().AsText();
 
@@ -193,24 +179,8 @@ void frm票据预开明细表New::ReadBill(const Recordset& rs, PreInvoiceRow& r
         row.OtherInvoiceNo = row.BillNo;
     }
 
-    // The split: the property company's part rounded to the cent, the developer's what is left
-    // of the net amount, rounded again, so the two add up to the net amount.
-    for (int j = 1; j <= AmountColumnCount; ++j) {
-        const Field f = rs.Fields(j + kFirstAmountField - 1);
-        double amount = 0;
-        if (Contains(f.Name(), "KFS")) {
-            const double wy = Cents(rs.Fields(j + kFirstAmountField));
-            amount = f.IsNull() ? 0.0 : Val(Format(f.Value().AsNumber() - wy, "0.00"));
-        } else {
-            amount = Cents(f);
-        }
-        row.Amounts[j - 1] = amount;
-    }
-
-    const Field payer = rs.Fields("付款人");
-    row.Payer = payer.IsNull() ? std::string() : Replace(payer.Value().AsText(), "\r\n", "");
-    const Field address = rs.Fields("地址");
-    if (!address.IsNull()) row.Payer += " " + Replace(address.Value().AsText(), "\r\n", "");
+    row.Amounts = ReadItemAmounts(rs, kFirstAmountField, AmountColumnCount);
+    row.Payer = PayerWithAddress(rs);
     row.PayMode = "预开";
     for (double a : row.Amounts) row.RowTotal += a;
 }
