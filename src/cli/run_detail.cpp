@@ -1,7 +1,6 @@
 #include "cli/run_detail.h"
 
 #include "cli/grid_tsv.h"
-#include "preinvoice/preinvoice_window.h"
 
 namespace quillon {
 
@@ -30,10 +29,6 @@ void WritePages(DetailReportForm& w, std::ostream& out) {
         w.Pager.RenderPage(page);
         WriteGridTsv(w.MSFlexGrid1, out, 2);
     }
-}
-
-int RunPreInvoiceReport(const std::vector<std::string>& args) {
-    return RunDetailReport<frm票据预开明细表New>(args);
 }
 
 } // namespace quillon

@@ -23,6 +23,8 @@ struct DateTime;
 int RunReconReport(const std::vector<std::string>& args);
 int RunDeptRateReport(const std::vector<std::string>& args);
 int RunPreInvoiceReport(const std::vector<std::string>& args);
+int RunParkingReport(const std::vector<std::string>& args);
+int RunInvoiceReport(const std::vector<std::string>& args);
 
 // The session a report runs in: the database file opened through the embedded engine, and
 // every statement sent written to --sql-log when it is given (one statement a line).

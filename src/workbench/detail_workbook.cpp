@@ -1,5 +1,7 @@
 #include "workbench/detail_workbook.h"
 
+#include <algorithm>
+
 #include "base/vb_error.h"
 #include "base/vb_number.h"
 #include "controls/flex_grid.h"
@@ -48,6 +50,49 @@ int MergeChargeItemGroups(Worksheet& sheet, int col, const ChargeItemColumns& it
         col += width;
     }
     return col;
+}
+
+void WriteBillCells(Worksheet& sheet, int row, int ordinal, const std::string& billDate,
+                    std::initializer_list<const std::string*> numbers) {
+    sheet.Cells(row, 1).SetValue(static_cast<double>(ordinal));
+    sheet.Cells(row, 1).SetHorizontalAlignment(xlCenter);
+    SheetRange date = sheet.Cells(row, 2);
+    date.SetValue(Format(billDate, "yyyy-mm-dd"));
+    date.SetNumberFormat("yyyy-mm-dd");
+    date.SetHorizontalAlignment(xlCenter);
+    int col = 3;
+    for (const std::string* number : numbers) {
+        sheet.Cells(row, col).SetValue("'" + *number);
+        sheet.Cells(row, col).SetHorizontalAlignment(xlCenter);
+        ++col;
+    }
+}
+
+void WriteAmountCells(Worksheet& sheet, int row, int firstCol, const std::vector<double>& amounts,
+                      int count) {
+    // A row of an earlier run may have other columns than the header now shows.
+    const int shown = std::min<int>(count, static_cast<int>(amounts.size()));
+    for (int j = 0; j < shown; ++j) sheet.Cells(row, firstCol + j).SetValue(Format(amounts[j], "0.00"));
+}
+
+void FormatDetailTable(Worksheet& sheet, int lastCol, int dataLastRow, int moneyFirstCol, int moneyLastCol,
+                       int fontLastRow) {
+    SheetRange money = sheet.Range(6, moneyFirstCol, dataLastRow, moneyLastCol);
+    money.SetNumberFormat("#0.00");
+    money.SetHorizontalAlignment(xlRight);
+    RangeFont titleFont = sheet.Range(1, 1, 1, lastCol).Font();
+    titleFont.SetName(kDetailSheetFont);
+    titleFont.SetBold(true);
+    RangeFont bodyFont = sheet.Range(2, 1, fontLastRow, lastCol).Font();
+    bodyFont.SetName(kDetailSheetFont);
+    bodyFont.SetSize(9);
+    sheet.Range(4, 1, dataLastRow, lastCol).Borders().SetLineStyle(xlContinuous);
+}
+
+void WriteSignatureRow(Worksheet& sheet, int row) {
+    sheet.Cells(row, 2).SetValue("收款人:");
+    sheet.Cells(row, 7).SetValue("经理:");
+    sheet.Cells(row, 13).SetValue("缴款人:");
 }
 
 } // namespace quillon

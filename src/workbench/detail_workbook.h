@@ -3,7 +3,9 @@
 // rows, the merges of the charge-item groups, and the fills and fonts of the whole table.
 #pragma once
 
+#include <initializer_list>
 #include <string>
+#include <vector>
 
 #include "base/date_time.h"
 #include "workbench/charge_items.h"
@@ -28,5 +30,23 @@ void WriteDetailSheetHead(Worksheet& sheet, FlexGrid& grid, const std::string& t
 // item (every item when allParking), two for the others. Gives the column after the last.
 int MergeChargeItemGroups(Worksheet& sheet, int firstCol, const ChargeItemColumns& items,
                           bool allParking = false);
+
+// The start of a bill's sheet row: (row,1) its ordinal as a number, centred; (row,2) the bill
+// date as a date ("yyyy-mm-dd"), centred; then from column 3 each invoice number behind a "'",
+// which keeps it text, centred.
+void WriteBillCells(Worksheet& sheet, int row, int ordinal, const std::string& billDate,
+                    std::initializer_list<const std::string*> numbers);
+
+// The amounts of a row from sheet column firstCol on, "0.00" each, at most `count` of them.
+void WriteAmountCells(Worksheet& sheet, int row, int firstCol, const std::vector<double>& amounts, int count);
+
+// The formats of the whole table, range by range: "#0.00" and right alignment over the money of
+// rows 6 to dataLastRow, the title bold, "微软雅黑" 9 points from row 2 to fontLastRow, grid lines
+// from the header to dataLastRow.
+void FormatDetailTable(Worksheet& sheet, int lastCol, int dataLastRow, int moneyFirstCol, int moneyLastCol,
+                       int fontLastRow);
+
+// "收款人:", "经理:", "缴款人:" in columns 2, 7 and 13 of the row, however few columns the table has.
+void WriteSignatureRow(Worksheet& sheet, int row);
 
 } // namespace quillon

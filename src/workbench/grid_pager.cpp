@@ -21,6 +21,8 @@ void GridPager::ShowPageLabel() {
 void GridPager::RenderPage(int page) {
     grid_.SetRows(2);
     grid_.SetVisible(false);
+    // A payer's row made two lines high shows its text on both.
+    grid_.SetWordWrap(true);
     // Held back as well, so that a view still showing the grid repaints once, not per cell.
     grid_.SetRedraw(false);
     const int last = report_.rowCount().value_or(0);

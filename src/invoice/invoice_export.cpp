@@ -1,0 +1,64 @@
+// The invoice detail's workbook: every row of ResultRows, the total and the 其中 block filled
+// row by row as they are written.
+#include "base/vb_number.h"
+#include "invoice/invoice_window.h"
+#include "workbench/detail_workbook.h"
+#include "workbench/excel_export.h"
+#include "xlsx/worksheet.h"
+#include "xlsx/xl_constants.h"
+
+namespace quillon {
+
+void frm票据开票明细表New::ExportInvoiceWorkbook() {
+    RunSheetWriter(dialogs_, CommonDialog1.FileName, Texts().exportedMessage, WriterTrap::NumberDescription,
+                   [this](Worksheet& sheet) {
+                       const int C = MSFlexGrid1.Cols();
+                       const int n = AmountColumnCount;
+                       const int U = ResultRowCount().value_or(0);
+                       WriteDetailSheetHead(sheet, MSFlexGrid1, Label1_0.Caption(), List1.Text(),
+                                            DTPicker1_0.Value(), DTPicker1_1.Value());
+
+                       sheet.Range(4, 1, 5, 1).SetMergeCells(true);
+                       sheet.Range(4, 2, 5, 2).SetMergeCells(true);
+                       sheet.Range(4, 3, 4, 5).SetMergeCells(true);
+                       sheet.Range(4, 6, 5, 6).SetMergeCells(true);
+                       MergeChargeItemGroups(sheet, 7, ChargeItems);
+                       for (int c = C - 2; c <= C; ++c) sheet.Range(4, c, 5, c).SetMergeCells(true);
+                       sheet.Range(4, 1, 5, C).Interior().SetColor(kDetailHeaderFill);
+
+                       Label2.SetVisible(true);
+                       dialogs_.Yield();
+
+                       for (int i = 1; i <= U; ++i) {
+                           const int r = i + 5;
+                           const InvoiceRow& row = (*ResultRows)[i];
+                           ProgressBar1.SetValue(i);
+                           if (row.BillDate.empty() || row.BillDate == "其中") {
+                               sheet.Cells(r, 1).SetValue(static_cast<double>(i));
+                               sheet.Cells(r, 1).SetHorizontalAlignment(xlCenter);
+                               sheet.Cells(r, 2).SetValue(row.BillDate);
+                               sheet.Cells(r, 2).SetHorizontalAlignment(xlCenter);
+                               sheet.Cells(r, C - 2).SetValue(Format(row.RowTotal, "0.00"));
+                               sheet.Cells(r, C - 1).SetValue(row.PayMode);
+                               sheet.Range(r, 1, r, C).Interior().SetColor(kDetailHeaderFill);
+                               continue;
+                           }
+                           WriteBillCells(sheet, r, i, row.BillDate,
+                                          {&row.SpecialInvoiceNo, &row.OrdinaryInvoiceNo,
+                                           &row.ElectronicInvoiceNo, &row.ReceiptNo});
+                           WriteAmountCells(sheet, r, 7, row.Amounts, n);
+                           sheet.Cells(r, C - 2).SetValue(Format(row.RowTotal, "0.00"));
+                           sheet.Cells(r, C - 1).SetValue(row.PayMode);
+                           sheet.Cells(r, C).SetValue(row.Payer);
+                           sheet.Rows(r).SetWrapText(true);
+                           if (row.BillDate == "合  计")
+                               sheet.Range(r, 1, r, C).Interior().SetColor(kDetailHeaderFill);
+                       }
+
+                       FormatDetailTable(sheet, C, U + 5, 7, n + 7, U + 5);
+                       WriteSignatureRow(sheet, U + 6);
+                       Label2.SetVisible(false);
+                   });
+}
+
+} // namespace quillon

@@ -1,0 +1,264 @@
+#include "invoice/invoice_window.h"
+
+#include "base/vb_number.h"
+#include "base/vb_text.h"
+#include "controls/text_width.h"
+#include "db/connection.h"
+#include "db/text_fold.h"
+#include "model/payment_catalog.h"
+#include "shell/app_session.h"
+#include "workbench/detail_fields.h"
+
+namespace quillon {
+
+namespace {
+
+struct HeaderColumn {
+    const char* top;
+    const char* bottom;
+    int width;
+    bool mergeDown; // MergeCol; the invoice columns leave it as it was
+};
+
+// Row number, date, the four number columns, ahead of the item groups.
+constexpr HeaderColumn kLeadingColumns[] = {
+    {"序", "序", 500, true},
+    {"开票日期", "开票日期", 1200, true},
+    {"增值税发票", "专用发票", 1200, false},
+    {"增值税发票", "普通发票", 1200, false},
+    {"增值税发票", "电子发票", 2200, false},
+    {"收据", "收据", 3300, true},
+};
+constexpr int kLeadingCount = 6;
+
+// The first header's closing columns. 合计 is widened on row 0 and narrowed again on row 1, so
+// it ends at 900; 收款方式 gets its width once.
+constexpr HeaderColumn kInitialClosing[] = {
+    {"合计", "合计", 900, true},
+    {"收款方式", "收款方式", 900, true},
+    {"付款人", "付款人", 1200, true},
+};
+
+// Where the money fields start in the two forms of the statement.
+int FirstAmountField(InvoiceQueryForm form) {
+    return form == InvoiceQueryForm::Exchange ? 13 : 11;
+}
+
+// Voided, replacing and exchanged bills say so in the mode column, negative ones in their own word.
+std::string FlagWord(double amount, const char* positive, const char* negative) {
+    return amount >= 0 ? positive : negative;
+}
+
+} // namespace
+
+frm票据开票明细表New::frm票据开票明细表New(AppSession& session, Dialogs& dialogs)
+    : DetailReportForm(kInvoiceTexts, session.DbConnection, dialogs), session_(session) {}
+
+void frm票据开票明细表New::Form_Load() {
+    SetStatusPanels(session_.StatusPanelText1, session_.StatusPanelText2, session_.StatusPanelText3);
+    LoadDetailWindow();
+}
+
+void frm票据开票明细表New::InitGridHeader() {
+    FlexGrid& g = MSFlexGrid1;
+    g.SetRows(2);
+    g.SetCols(9);
+    g.SetRow(0);
+    g.SetMergeCells(flexMergeRestrictColumns);
+    for (int c = 0; c < g.Cols(); ++c) g.SetFixedAlignment(c, flexAlignCenterCenter);
+    g.SetMergeRow(0, true);
+    int col = 0;
+    for (const auto* table : {kLeadingColumns + 0, kInitialClosing + 0}) {
+        const int count = table == kLeadingColumns ? kLeadingCount : 3;
+        for (int k = 0; k < count; ++k, ++col) {
+            g.SetTextMatrix(0, col, table[k].top);
+            g.SetTextMatrix(1, col, table[k].bottom);
+            g.SetColWidth(col, table[k].width);
+            if (table[k].mergeDown) g.SetMergeCol(col, true);
+        }
+    }
+    g.SetRow(1);
+}
+
+void frm票据开票明细表New::BuildChargeItemColumns() {
+    FlexGrid& g = MSFlexGrid1;
+    AmountColumnCount = quillon::AmountColumnCount(ChargeItems);
+    g.SetRows(2);
+    g.SetCols(AmountColumnCount + 9);
+    g.SetRow(0);
+    g.SetMergeCells(flexMergeRestrictColumns);
+    for (int c = 0; c < g.Cols(); ++c) g.SetFixedAlignment(c, flexAlignCenterCenter);
+    for (int col = 0; col < kLeadingCount; ++col) {
+        const HeaderColumn& h = kLeadingColumns[col];
+        g.SetTextMatrix(0, col, h.top);
+        g.SetTextMatrix(1, col, h.bottom);
+        g.SetColWidth(col, h.width);
+        if (h.mergeDown) g.SetMergeCol(col, true);
+    }
+    g.SetMergeRow(0, true);
+    WriteClosingHeaderColumns(g, WriteChargeItemHeader(g, kLeadingCount, ChargeItems, SplitTable, 1200));
+    g.SetRow(1);
+}
+
+std::string frm票据开票明细表New::ChargeItemQuery() const {
+    return InvoiceChargeItemQuery(StartText(), EndText(), DeptCode);
+}
+
+void frm票据开票明细表New::OnChargeItemExtracted(const ChargeItem& item) {
+    if (ChargeItems.size() == 1) HasFundItem = false;
+    if (item.ColumnName == "维修资金" || item.ColumnName == "维修基金") HasFundItem = true;
+}
+
+bool frm票据开票明细表New::RunReportQuery() {
+    return HasFundItem ? RunFundInvoiceQuery(DeptCode, OfficeCode) : RunInvoiceQuery(DeptCode, OfficeCode);
+}
+
+void frm票据开票明细表New::DropResultRows() {
+    ResultRows.emplace(1);
+}
+
+std::optional<int> frm票据开票明细表New::ResultRowCount() const {
+    if (!ResultRows) return std::nullopt;
+    return static_cast<int>(ResultRows->size()) - 1;
+}
+
+bool frm票据开票明细表New::RunInvoiceQuery(const std::string& dept, const std::string& /*office: unused*/) {
+    Connection& conn = Db();
+    ExchangedNumbers.clear();
+    conn.CommandTimeout = 0;
+    for (Recordset rs = conn.OpenRecordset(ExchangedNumberQuery(StartText(), EndText())); !rs.Eof();
+         rs.MoveNext()) {
+        if (!ExchangedNumbers.empty()) ExchangedNumbers += ",";
+        ExchangedNumbers += rs.Fields("内换票据编号").Value().AsText();
+    }
+    conn.CommandTimeout = 0;
+    Recordset rs = conn.OpenRecordset(
+        InvoiceDetailQuery(ChargeItems, SplitTable, StartText(), EndText(), dept, BillTypeInList));
+    return ReadInvoiceRows(rs, InvoiceQueryForm::Exchange);
+}
+
+bool frm票据开票明细表New::RunFundInvoiceQuery(const std::string& dept,
+                                               const std::string& /*office: unused*/) {
+    Connection& conn = Db();
+    conn.CommandTimeout = 0;
+    Recordset rs = conn.OpenRecordset(
+        FundInvoiceQuery(ChargeItems, SplitTable, StartText(), EndText(), dept, BillTypeInList));
+    return ReadInvoiceRows(rs, InvoiceQueryForm::Fund);
+}
+
+bool frm票据开票明细表New::ReadInvoiceRows(Recordset& rs, InvoiceQueryForm form) {
+    std::vector<InvoiceRow> rows(1);
+    for (; !rs.Eof(); rs.MoveNext()) rows.push_back(ReadBill(rs, form));
+    ResultRows = std::move(rows);
+    std::vector<InvoiceRow>& result = *ResultRows;
+    if (result.size() == 1) {
+        ShowNoResultLabel();
+        return false;
+    }
+
+    InvoiceRow total;
+    total.BillDate = "合  计";
+    total.Amounts.assign(AmountColumnCount, 0.0);
+    for (std::size_t r = 1; r < result.size(); ++r) {
+        for (int j = 0; j < AmountColumnCount; ++j) total.Amounts[j] += result[r].Amounts[j];
+        total.RowTotal += result[r].RowTotal;
+    }
+    result.push_back(std::move(total));
+
+    // 其中: the sum of each mode of the list, by the exact text of the row's mode.
+    Db().CommandTimeout = 0;
+    bool first = true;
+    for (const std::string& mode : LoadPaymentModes(Db())) {
+        double sum = 0;
+        for (std::size_t r = 1; r < result.size(); ++r)
+            if (result[r].PayMode == mode) sum += result[r].RowTotal;
+        if (sum == 0) continue;
+        InvoiceRow row;
+        row.BillDate = first ? "其中" : "";
+        row.PayMode = mode;
+        row.RowTotal = sum;
+        result.push_back(std::move(row));
+        first = false;
+    }
+    FinishResult(static_cast<int>(result.size()) - 1);
+    return true;
+}
+
+InvoiceRow frm票据开票明细表New::ReadBill(const Recordset& rs, InvoiceQueryForm form) const {
+    InvoiceRow row;
+    row.Amounts.assign(AmountColumnCount, 0.0);
+    row.BillDate = DateFieldText(rs.Fields("开票日期"));
+    row.IsVoid = !rs.Fields("作废日期").IsNull();
+    row.BillNo = rs.Fields("票据编号").Value().AsText();
+    row.IsReplacing = !rs.Fields("被换票票据编号").IsNull();
+
+    const std::string type = rs.Fields("票据类型").Value().AsText();
+    if (Contains(type, "专用发票"))
+        row.SpecialInvoiceNo = row.BillNo;
+    else if (Contains(type, "普通发票"))
+        row.OrdinaryInvoiceNo = row.BillNo;
+    else if (Contains(type, "电子发票") || (form == InvoiceQueryForm::Exchange && Contains(type, "全电发票")))
+        row.ElectronicInvoiceNo = row.BillNo;
+    else
+        row.ReceiptNo = row.BillNo;
+
+    // A NULL amount counts as not negative.
+    const Field amount = rs.Fields("金额");
+    const double billAmount = amount.IsNull() ? 0.0 : amount.Value().AsNumber();
+    const Field paid = rs.Fields("收款日期");
+    // Substring search over the whole list, commas and all, without regard to case.
+    const bool exchanged = form == InvoiceQueryForm::Exchange && !ExchangedNumbers.empty() &&
+                           FoldedAscii(ExchangedNumbers).find(FoldedAscii(row.BillNo)) != std::string::npos;
+    const bool unpaidAtEnd =
+        Format(rs.Fields("开票日期").Value().AsDate(), "yyyymm") >= Format(DTPicker1_0.Value(), "yyyymm") &&
+        (paid.IsNull() || Format(paid.Value().AsDate(), "yyyymmdd") > EndText());
+
+    if (row.IsVoid)
+        row.PayMode = FlagWord(billAmount, "作废", "负票");
+    else if (row.IsReplacing || exchanged)
+        row.PayMode = FlagWord(billAmount, "换票", "换负");
+    else if (unpaidAtEnd)
+        row.PayMode = "预开";
+
+    const bool flagged = !row.PayMode.empty();
+    // An ordinary bill of the union form without a payer shows no address either.
+    if (flagged || form == InvoiceQueryForm::Fund || !rs.Fields("付款人").IsNull())
+        row.Payer = PayerWithAddress(rs);
+    if (flagged) return row;
+
+    row.PayMode = rs.Fields("收款方式").Value().AsText();
+    row.Amounts = ReadItemAmounts(rs, FirstAmountField(form), AmountColumnCount);
+    for (double a : row.Amounts) row.RowTotal += a;
+    return row;
+}
+
+void frm票据开票明细表New::WriteResultRow(int r) {
+    FlexGrid& g = MSFlexGrid1;
+    const InvoiceRow& row = (*ResultRows)[r];
+    const int n = AmountColumnCount;
+    const int at = g.Row();
+    g.SetTextMatrix(at, 0, std::to_string(r));
+    g.SetColAlignment(0, flexAlignCenterCenter);
+    if (row.BillDate.empty() || row.BillDate == "其中") {
+        g.SetColAlignment(1, flexAlignCenterCenter);
+        g.SetTextMatrix(at, 1, row.BillDate);
+        g.SetTextMatrix(at, n + 6, Format(row.RowTotal, "0.00"));
+        g.SetTextMatrix(at, n + 7, row.PayMode);
+        return;
+    }
+    const std::string* numbers[] = {&row.BillDate, &row.SpecialInvoiceNo, &row.OrdinaryInvoiceNo,
+                                    &row.ElectronicInvoiceNo, &row.ReceiptNo};
+    for (int c = 1; c <= 5; ++c) {
+        g.SetTextMatrix(at, c, *numbers[c - 1]);
+        g.SetColAlignment(c, flexAlignCenterCenter);
+    }
+    const int shown = std::min<int>(n, static_cast<int>(row.Amounts.size()));
+    for (int j = 1; j <= shown; ++j) g.SetTextMatrix(at, 5 + j, Format(row.Amounts[j - 1], "0.00"));
+    g.SetTextMatrix(at, n + 6, Format(row.RowTotal, "0.00"));
+    g.SetTextMatrix(at, n + 7, row.PayMode);
+    g.SetTextMatrix(at, n + 8, row.Payer);
+    g.SetColAlignment(n + 8, flexAlignLeftCenter);
+    if (TextWidth(row.Payer) > g.ColWidth(n + 8)) g.SetRowHeight(at, 600);
+}
+
+} // namespace quillon
