@@ -4,9 +4,9 @@
 
 #include "base/vb_error.h"
 #include "base/vb_number.h"
-#include "base/vb_text.h"
 #include "db/connection.h"
 #include "reconciliation/recon_window.h"
+#include "workbench/charge_items.h"
 #include "workbench/statement_text.h"
 
 namespace quillon {
@@ -99,9 +99,7 @@ void ReconWindow::LoadChargeCategories(const std::string& DeptCode, const std::s
             ChargeCategory c;
             const Field code = rs.Fields("收费项目代号");
             if (!code.IsNull()) c.CategoryCode = "'" + code.Value().AsText() + "'";
-            std::string name = rs.Fields("XM").Value().AsText();
-            for (const char* cut : {"(", ")", "（", "）", "%"}) name = Replace(name, cut, "");
-            c.CategoryName = std::move(name);
+            c.CategoryName = ChargeItemColumnName(rs.Fields("XM").Value().AsText());
             const Field rate = rs.Fields("税率");
             c.CategoryRate = rate.IsNull() ? 0 : RoundMoney(rate.Value().AsNumber());
             ChargeCategories->push_back(std::move(c));

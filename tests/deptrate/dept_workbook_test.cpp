@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <sstream>
 
 #include "deptrate_rig.h"
 #include "support/temp_dir.h"
@@ -12,21 +11,7 @@ namespace quillon {
 namespace {
 
 using xlsxread::Area;
-using xlsxread::CellType;
-
-// A sheet row as shown: texts as they are, numbers as "#" and their value, empty cells "".
-Texts SheetRow(const xlsxread::Sheet& sheet, int row, int lastCol) {
-    Texts shown;
-    for (int c = 1; c <= lastCol; ++c) {
-        const auto* cell = sheet.Find(row, c);
-        std::ostringstream number;
-        if (cell && cell->type == CellType::Number) number << "#" << cell->number;
-        shown.push_back(!cell || cell->type == CellType::Empty ? ""
-                        : cell->type == CellType::Number       ? number.str()
-                                                               : cell->text);
-    }
-    return shown;
-}
+using xlsxread::ShownRow;
 
 // 一区 with amounts at 1.5% and 6%, 二区 with none, 代收合计组 at 13%, over March 2024.
 class DeptWorkbook : public ::testing::Test {
@@ -62,8 +47,8 @@ TEST_F(DeptWorkbook, SheetCellsMergesFillsAndFonts) {
 
     const auto book = xlsxread::ReadXlsx(dir.File("汇总.xlsx"));
     const auto& sheet = book.First();
-    EXPECT_EQ(SheetRow(sheet, 1, 1), Texts{"增值税开票统计汇总表"});
-    EXPECT_EQ(SheetRow(sheet, 3, 1), Texts{" 开票日期：2024-03-01 至 2024-03-31"})
+    EXPECT_EQ(ShownRow(sheet, 1, 1), Texts{"增值税开票统计汇总表"});
+    EXPECT_EQ(ShownRow(sheet, 3, 1), Texts{" 开票日期：2024-03-01 至 2024-03-31"})
         << "both dates in the period line";
     // Rows 4 and 5 are the header rows, merged; 6 to 9 the grid's rows, the 合计 row without ordinal.
     const std::vector<Texts> rows = {
@@ -75,7 +60,7 @@ TEST_F(DeptWorkbook, SheetCellsMergesFillsAndFonts) {
         {"#3", "代收合计组", "", "", "", "", "", "", "#5", "#5", ""},
         {"", "合计", "#102", "#2", "#100", "#106", "#6", "#100", "#5", "#5", "#0"},
     };
-    for (int r = 4; r <= 9; ++r) EXPECT_EQ(SheetRow(sheet, r, 11), rows[r - 4]) << "row " << r;
+    for (int r = 4; r <= 9; ++r) EXPECT_EQ(ShownRow(sheet, r, 11), rows[r - 4]) << "row " << r;
 
     // Empty amounts stay empty, yet get the number format and the right alignment.
     EXPECT_EQ(sheet.FormatAt(7, 3).numberFormat, "#0.00");

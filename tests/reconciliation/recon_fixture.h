@@ -12,11 +12,10 @@
 #include "controls/scripted_dialogs.h"
 #include "db/connection.h"
 #include "reconciliation/recon_window.h"
+#include "support/grid_lines.h"
 #include "support/test_billing_db.h"
 
 namespace quillon {
-
-using Lines = std::vector<std::string>;
 
 // Lots of the four invoice types: special, ordinary, 全电发票 (类别 发票) and 收据 (类别 收据).
 inline constexpr const char* kSpecialLot = "L01";
@@ -94,20 +93,6 @@ protected:
     ScriptedDialogs dialogs;
     std::vector<std::string> sent;
 };
-
-// A grid row as one line, its cells joined by "|".
-inline std::string GridLine(const FlexGrid& g, int row) {
-    std::string line;
-    for (int c = 0; c < g.Cols(); ++c) line += (c ? "|" : "") + g.TextMatrix(row, c);
-    return line;
-}
-
-// The grid's rows from `first` on, one line each.
-inline Lines GridLines(const FlexGrid& g, int first = 0) {
-    Lines lines;
-    for (int r = first; r < g.Rows(); ++r) lines.push_back(GridLine(g, r));
-    return lines;
-}
 
 inline std::vector<int> ColWidths(const FlexGrid& g) {
     std::vector<int> widths;
