@@ -24,6 +24,7 @@ const std::map<std::string, ReportDriver>& Reports() {
         {"recon", RunReconReport},
         {"deptrate", RunDeptRateReport},
         {"preinvoice", RunPreInvoiceReport},
+        {"invoice", RunInvoiceReport},
     };
     return reports;
 }
@@ -60,15 +61,19 @@ int FindDepartmentEntry(const ListBox& list, const std::string& dept,
     throw std::runtime_error("no department entry for " + (office ? dept + " 【" + *office + "】" : dept));
 }
 
-void WriteReportGrid(const FlexGrid& grid, const CliOptions& options) {
+void WriteReportOutput(const CliOptions& options, const std::function<void(std::ostream&)>& write) {
     if (auto path = options.Get("tsv")) {
         std::ofstream out(*path, std::ios::out | std::ios::trunc);
         if (!out) throw std::runtime_error("cannot write " + *path);
-        WriteGridTsv(grid, out);
+        write(out);
     } else {
-        WriteGridTsv(grid, std::cout);
+        write(std::cout);
         std::cout.flush();
     }
+}
+
+void WriteReportGrid(const FlexGrid& grid, const CliOptions& options) {
+    WriteReportOutput(options, [&grid](std::ostream& out) { WriteGridTsv(grid, out); });
 }
 
 int FinishReportRun(const CliOptions& options, ScriptedDialogs& dialogs, CommandButton& exportButton,

@@ -3,8 +3,7 @@
 // Command6, then every page of the result.
 #pragma once
 
-#include <fstream>
-#include <iostream>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -51,14 +50,7 @@ template <typename Window> int RunDetailReport(const std::vector<std::string>& a
     for (const SplitOption& split : splits) TypeSplit(w, split);
     w.Command6.Click();
 
-    if (auto path = options.Get("tsv")) {
-        std::ofstream out(*path, std::ios::out | std::ios::trunc);
-        if (!out) throw std::runtime_error("cannot write " + *path);
-        WritePages(w, out);
-    } else {
-        WritePages(w, std::cout);
-        std::cout.flush();
-    }
+    WriteReportOutput(options, [&w](std::ostream& out) { WritePages(w, out); });
     return FinishReportRun(options, dialogs, w.Command2, w.Texts().exportedMessage);
 }
 

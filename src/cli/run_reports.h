@@ -3,6 +3,7 @@
 #pragma once
 
 #include <fstream>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -45,6 +46,9 @@ DateTime RequireDate(const CliOptions& options, const std::string& name);
 // what was asked for when there is none (exit status 1).
 int FindDepartmentEntry(const ListBox& list, const std::string& dept,
                         const std::optional<std::string>& office);
+
+// Hands the output of --tsv FILE, or stdout, to `write`.
+void WriteReportOutput(const CliOptions& options, const std::function<void(std::ostream&)>& write);
 
 // The grid as TSV to --tsv FILE, or to stdout.
 void WriteReportGrid(const FlexGrid& grid, const CliOptions& options);

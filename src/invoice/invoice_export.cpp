@@ -18,13 +18,8 @@ void frm票据开票明细表New::ExportInvoiceWorkbook() {
                        WriteDetailSheetHead(sheet, MSFlexGrid1, Label1_0.Caption(), List1.Text(),
                                             DTPicker1_0.Value(), DTPicker1_1.Value());
 
-                       sheet.Range(4, 1, 5, 1).SetMergeCells(true);
-                       sheet.Range(4, 2, 5, 2).SetMergeCells(true);
-                       sheet.Range(4, 3, 4, 5).SetMergeCells(true);
-                       sheet.Range(4, 6, 5, 6).SetMergeCells(true);
-                       MergeChargeItemGroups(sheet, 7, ChargeItems);
-                       for (int c = C - 2; c <= C; ++c) sheet.Range(4, c, 5, c).SetMergeCells(true);
-                       sheet.Range(4, 1, 5, C).Interior().SetColor(kDetailHeaderFill);
+                       // 增值税发票 over its three number columns, 收据 down both rows.
+                       MergeDetailHeader(sheet, C, {{4, 3, 4, 5}, {4, 6, 5, 6}}, 7, ChargeItems, 3);
 
                        Label2.SetVisible(true);
                        dialogs_.Yield();

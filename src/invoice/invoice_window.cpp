@@ -13,30 +13,15 @@ namespace quillon {
 
 namespace {
 
-struct HeaderColumn {
-    const char* top;
-    const char* bottom;
-    int width;
-    bool mergeDown; // MergeCol; the invoice columns leave it as it was
-};
-
-// Row number, date, the four number columns, ahead of the item groups.
-constexpr HeaderColumn kLeadingColumns[] = {
+// Row number, date, the four number columns, ahead of the item groups; the invoice columns
+// leave their merge switch as it was.
+constexpr std::initializer_list<DetailHeaderColumn> kLeadingColumns = {
     {"序", "序", 500, true},
     {"开票日期", "开票日期", 1200, true},
     {"增值税发票", "专用发票", 1200, false},
     {"增值税发票", "普通发票", 1200, false},
     {"增值税发票", "电子发票", 2200, false},
     {"收据", "收据", 3300, true},
-};
-constexpr int kLeadingCount = 6;
-
-// The first header's closing columns. 合计 is widened on row 0 and narrowed again on row 1, so
-// it ends at 900; 收款方式 gets its width once.
-constexpr HeaderColumn kInitialClosing[] = {
-    {"合计", "合计", 900, true},
-    {"收款方式", "收款方式", 900, true},
-    {"付款人", "付款人", 1200, true},
 };
 
 // Where the money fields start in the two forms of the statement.
@@ -61,42 +46,21 @@ void frm票据开票明细表New::Form_Load() {
 
 void frm票据开票明细表New::InitGridHeader() {
     FlexGrid& g = MSFlexGrid1;
-    g.SetRows(2);
-    g.SetCols(9);
-    g.SetRow(0);
-    g.SetMergeCells(flexMergeRestrictColumns);
-    for (int c = 0; c < g.Cols(); ++c) g.SetFixedAlignment(c, flexAlignCenterCenter);
-    g.SetMergeRow(0, true);
-    int col = 0;
-    for (const auto* table : {kLeadingColumns + 0, kInitialClosing + 0}) {
-        const int count = table == kLeadingColumns ? kLeadingCount : 3;
-        for (int k = 0; k < count; ++k, ++col) {
-            g.SetTextMatrix(0, col, table[k].top);
-            g.SetTextMatrix(1, col, table[k].bottom);
-            g.SetColWidth(col, table[k].width);
-            if (table[k].mergeDown) g.SetMergeCol(col, true);
-        }
-    }
+    BeginDetailHeader(g, 9);
+    // 合计 is widened on row 0 and narrowed again on row 1, so it ends at 900; 收款方式 gets its
+    // width once; the payer is narrower until items are known.
+    WriteHeaderColumns(
+        g, WriteHeaderColumns(g, 0, kLeadingColumns),
+        {{"合计", "合计", 900, true}, {"收款方式", "收款方式", 900, true}, {"付款人", "付款人", 1200, true}});
     g.SetRow(1);
 }
 
 void frm票据开票明细表New::BuildChargeItemColumns() {
     FlexGrid& g = MSFlexGrid1;
     AmountColumnCount = quillon::AmountColumnCount(ChargeItems);
-    g.SetRows(2);
-    g.SetCols(AmountColumnCount + 9);
-    g.SetRow(0);
-    g.SetMergeCells(flexMergeRestrictColumns);
-    for (int c = 0; c < g.Cols(); ++c) g.SetFixedAlignment(c, flexAlignCenterCenter);
-    for (int col = 0; col < kLeadingCount; ++col) {
-        const HeaderColumn& h = kLeadingColumns[col];
-        g.SetTextMatrix(0, col, h.top);
-        g.SetTextMatrix(1, col, h.bottom);
-        g.SetColWidth(col, h.width);
-        if (h.mergeDown) g.SetMergeCol(col, true);
-    }
-    g.SetMergeRow(0, true);
-    WriteClosingHeaderColumns(g, WriteChargeItemHeader(g, kLeadingCount, ChargeItems, SplitTable, 1200));
+    BeginDetailHeader(g, AmountColumnCount + 9);
+    const int items = WriteHeaderColumns(g, 0, kLeadingColumns);
+    WriteClosingHeaderColumns(g, WriteChargeItemHeader(g, items, ChargeItems, SplitTable, 1200));
     g.SetRow(1);
 }
 

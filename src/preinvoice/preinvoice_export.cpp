@@ -18,12 +18,8 @@ void frm票据预开明细表New::ExportDetailWorkbook() {
             WriteDetailSheetHead(sheet, MSFlexGrid1, Label1_0.Caption(), List1.Text(), DTPicker1_0.Value(),
                                  DTPicker1_1.Value());
 
-            sheet.Range(4, 1, 5, 1).SetMergeCells(true);
-            sheet.Range(4, 2, 5, 2).SetMergeCells(true);
-            sheet.Range(4, 3, 4, 4).SetMergeCells(true);
-            MergeChargeItemGroups(sheet, 5, ChargeItems);
-            for (int c = C - 2; c <= C; ++c) sheet.Range(4, c, 5, c).SetMergeCells(true);
-            sheet.Range(4, 1, 5, C).Interior().SetColor(kDetailHeaderFill);
+            // 增值税发票 over its two number columns.
+            MergeDetailHeader(sheet, C, {{4, 3, 4, 4}}, 5, ChargeItems, 3);
 
             Label2.SetVisible(true);
             dialogs_.Yield();

@@ -8,27 +8,13 @@ namespace quillon {
 
 namespace {
 
-struct HeaderColumn {
-    const char* top;
-    const char* bottom;
-    int width;
-    bool mergeDown; // MergeCol; the two invoice columns leave it as it was
-};
-
-// Row number, date and the two invoice numbers, ahead of the item groups.
-constexpr HeaderColumn kLeadingColumns[] = {
+// Row number, date and the two invoice numbers, ahead of the item groups; the invoice columns
+// leave their merge switch as it was.
+constexpr std::initializer_list<DetailHeaderColumn> kLeadingColumns = {
     {"序", "序", 500, true},
     {"开票日期", "开票日期", 1200, true},
     {"增值税发票", "专用发票", 2200, false},
     {"增值税发票", "普通发票", 2200, false},
-};
-constexpr int kLeadingCount = 4;
-
-// The first header's closing columns; the payer is narrower until items are known.
-constexpr HeaderColumn kInitialClosing[] = {
-    {"合计", "合计", 1400, true},
-    {"收款方式", "收款方式", 900, true},
-    {"付款人", "付款人", 1200, true},
 };
 
 } // namespace
@@ -43,43 +29,21 @@ void frm票据预开明细表New::Form_Load() {
 
 void frm票据预开明细表New::InitGridHeader() {
     FlexGrid& g = MSFlexGrid1;
-    g.SetRows(2);
-    g.SetCols(7);
-    g.SetRow(0);
-    g.SetMergeCells(flexMergeRestrictColumns);
-    for (int c = 0; c < g.Cols(); ++c) g.SetFixedAlignment(c, flexAlignCenterCenter);
-    int col = 0;
-    auto put = [&](const HeaderColumn& h) {
-        g.SetTextMatrix(0, col, h.top);
-        g.SetTextMatrix(1, col, h.bottom);
-        g.SetColWidth(col, h.width);
-        if (h.mergeDown) g.SetMergeCol(col, true);
-        ++col;
-    };
-    for (const HeaderColumn& h : kLeadingColumns) put(h);
-    for (const HeaderColumn& h : kInitialClosing) put(h);
-    g.SetMergeRow(0, true);
+    BeginDetailHeader(g, 7);
+    // Before any item is known the payer is narrower.
+    WriteHeaderColumns(g, WriteHeaderColumns(g, 0, kLeadingColumns),
+                       {{"合计", "合计", 1400, true},
+                        {"收款方式", "收款方式", 900, true},
+                        {"付款人", "付款人", 1200, true}});
     g.SetRow(1);
 }
 
 void frm票据预开明细表New::BuildChargeItemColumns() {
     FlexGrid& g = MSFlexGrid1;
     AmountColumnCount = quillon::AmountColumnCount(ChargeItems);
-    g.SetRows(2);
-    g.SetCols(AmountColumnCount + 7);
-    g.SetRow(0);
-    g.SetMergeCells(flexMergeRestrictColumns);
-    for (int c = 0; c < g.Cols(); ++c) g.SetFixedAlignment(c, flexAlignCenterCenter);
-    for (int col = 0; col < kLeadingCount; ++col) {
-        const HeaderColumn& h = kLeadingColumns[col];
-        g.SetTextMatrix(0, col, h.top);
-        g.SetTextMatrix(1, col, h.bottom);
-        g.SetColWidth(col, h.width);
-        if (h.mergeDown) g.SetMergeCol(col, true);
-    }
-    g.SetMergeRow(0, true);
-    const int next = WriteChargeItemHeader(g, kLeadingCount, ChargeItems, SplitTable, 1200);
-    WriteClosingHeaderColumns(g, next);
+    BeginDetailHeader(g, AmountColumnCount + 7);
+    const int items = WriteHeaderColumns(g, 0, kLeadingColumns);
+    WriteClosingHeaderColumns(g, WriteChargeItemHeader(g, items, ChargeItems, SplitTable, 1200));
 }
 
 void frm票据预开明细表New::WriteResultRow(int r) {

@@ -96,13 +96,9 @@ void ReconWindow::LoadChargeCategories(const std::string& DeptCode, const std::s
         // Replaced only once the statement has opened: a failed extraction keeps the former run's.
         ChargeCategories.emplace(1);
         for (; !rs.Eof(); rs.MoveNext()) {
-            ChargeCategory c;
-            const Field code = rs.Fields("收费项目代号");
-            if (!code.IsNull()) c.CategoryCode = "'" + code.Value().AsText() + "'";
-            c.CategoryName = ChargeItemColumnName(rs.Fields("XM").Value().AsText());
-            const Field rate = rs.Fields("税率");
-            c.CategoryRate = rate.IsNull() ? 0 : RoundMoney(rate.Value().AsNumber());
-            ChargeCategories->push_back(std::move(c));
+            ChargeItem item = ReadChargeItem(rs);
+            ChargeCategories->push_back(
+                {std::move(item.CodeLiteral), std::move(item.ColumnName), item.TaxRate});
         }
         LayoutReconGrid();
     } catch (const VbError& e) {

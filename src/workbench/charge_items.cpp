@@ -40,6 +40,26 @@ std::string TaxRateCaption(double taxRate) {
     return "税额" + CStr(taxRate * 100) + "%";
 }
 
+void BeginDetailHeader(FlexGrid& g, int cols) {
+    g.SetRows(2);
+    g.SetCols(cols);
+    g.SetRow(0);
+    g.SetMergeCells(flexMergeRestrictColumns);
+    for (int c = 0; c < g.Cols(); ++c) g.SetFixedAlignment(c, flexAlignCenterCenter);
+    g.SetMergeRow(0, true);
+}
+
+int WriteHeaderColumns(FlexGrid& g, int col, std::initializer_list<DetailHeaderColumn> columns) {
+    for (const DetailHeaderColumn& h : columns) {
+        g.SetTextMatrix(0, col, h.top);
+        g.SetTextMatrix(1, col, h.bottom);
+        g.SetColWidth(col, h.width);
+        if (h.mergeDown) g.SetMergeCol(col, true);
+        ++col;
+    }
+    return col;
+}
+
 int WriteChargeItemHeader(FlexGrid& g, int col, const ChargeItemColumns& items, const SplitRatioTable& split,
                           int colWidth, bool allParking) {
     for (const ChargeItem& item : items) {
@@ -63,14 +83,10 @@ int WriteChargeItemHeader(FlexGrid& g, int col, const ChargeItemColumns& items, 
 }
 
 void WriteClosingHeaderColumns(FlexGrid& g, int col) {
-    const std::pair<const char*, int> closing[] = {{"合计", 1400}, {"收款方式", 900}, {"付款人", 3800}};
-    for (const auto& [caption, width] : closing) {
-        g.SetTextMatrix(0, col, caption);
-        g.SetTextMatrix(1, col, caption);
-        g.SetColWidth(col, width);
-        g.SetMergeCol(col, true);
-        ++col;
-    }
+    WriteHeaderColumns(g, col,
+                       {{"合计", "合计", 1400, true},
+                        {"收款方式", "收款方式", 900, true},
+                        {"付款人", "付款人", 3800, true}});
 }
 
 } // namespace quillon

@@ -3,6 +3,7 @@
 // three per parking item (developer, property company, tax).
 #pragma once
 
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -38,6 +39,21 @@ int AmountColumnCount(const ChargeItemColumns& items);
 
 // "税额{rate}%", the rate in percent as general number text: 0.06 gives "税额6%".
 std::string TaxRateCaption(double taxRate);
+
+// A column of a detail header with the same place in every layout.
+struct DetailHeaderColumn {
+    const char* top;    // row 0
+    const char* bottom; // row 1
+    int width;          // twips
+    bool mergeDown;     // sets MergeCol; false leaves the column's switch as it was
+};
+
+// A detail grid's header of `cols` columns is laid out anew: two rows, Row 0, MergeCells 3,
+// every header cell centred, MergeRow(0) on.
+void BeginDetailHeader(FlexGrid& grid, int cols);
+
+// The columns from firstCol on, in order. Gives the column after the last.
+int WriteHeaderColumns(FlexGrid& grid, int firstCol, std::initializer_list<DetailHeaderColumn> columns);
 
 // The item groups of a detail header from grid column firstCol on: row 0 holds the item's name
 // in each of its columns (so they merge into one caption), row 1 "金额" and the tax caption, or

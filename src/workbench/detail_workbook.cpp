@@ -43,6 +43,17 @@ void WriteDetailSheetHead(Worksheet& sheet, FlexGrid& grid, const std::string& t
     grid.SetVisible(true);
 }
 
+void MergeDetailHeader(Worksheet& sheet, int lastCol, std::initializer_list<SheetSpan> ownBlocks,
+                       int firstItemCol, const ChargeItemColumns& items, int closingCols, bool allParking) {
+    sheet.Range(4, 1, 5, 1).SetMergeCells(true);
+    sheet.Range(4, 2, 5, 2).SetMergeCells(true);
+    for (const SheetSpan& b : ownBlocks)
+        sheet.Range(b.firstRow, b.firstCol, b.lastRow, b.lastCol).SetMergeCells(true);
+    MergeChargeItemGroups(sheet, firstItemCol, items, allParking);
+    for (int c = lastCol - closingCols + 1; c <= lastCol; ++c) sheet.Range(4, c, 5, c).SetMergeCells(true);
+    sheet.Range(4, 1, 5, lastCol).Interior().SetColor(kDetailHeaderFill);
+}
+
 int MergeChargeItemGroups(Worksheet& sheet, int col, const ChargeItemColumns& items, bool allParking) {
     for (const ChargeItem& item : items) {
         const int width = allParking || item.IsParking() ? 3 : 2;

@@ -26,6 +26,18 @@ inline constexpr const char* kDetailSheetFont = "微软雅黑";
 void WriteDetailSheetHead(Worksheet& sheet, FlexGrid& grid, const std::string& title,
                           const std::string& departmentEntry, const DateTime& start, const DateTime& end);
 
+// A rectangle of the sheet, rows and columns from 1.
+struct SheetSpan {
+    int firstRow, firstCol, lastRow, lastCol;
+};
+
+// The merges of the two header rows: 序 and the date down both rows, the report's own blocks,
+// the item groups from firstItemCol on, the last closingCols columns down both rows; then the
+// header fill over the whole width.
+void MergeDetailHeader(Worksheet& sheet, int lastCol, std::initializer_list<SheetSpan> ownBlocks,
+                       int firstItemCol, const ChargeItemColumns& items, int closingCols,
+                       bool allParking = false);
+
 // Row 4 merges of the item groups from sheet column firstCol on: three columns for a parking
 // item (every item when allParking), two for the others. Gives the column after the last.
 int MergeChargeItemGroups(Worksheet& sheet, int firstCol, const ChargeItemColumns& items,
