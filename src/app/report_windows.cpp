@@ -4,6 +4,7 @@
 
 #include "deptrate/deptrate_window.h"
 #include "invoice/invoice_window.h"
+#include "parking/parking_window.h"
 #include "preinvoice/preinvoice_window.h"
 #include "reconciliation/recon_window.h"
 #include "shell/main_window.h"
@@ -22,6 +23,7 @@ void RegisterReportWindows(MDIForm1& mdi) {
     mdi.Windows.Register("frm票据核对表", MakeWindow<frm票据核对表>);
     mdi.Windows.Register("frm部门开票分税率统计表", MakeWindow<frm部门开票分税率统计表>);
     mdi.Windows.Register("frm票据预开明细表New", MakeWindow<frm票据预开明细表New>);
+    mdi.Windows.Register("frm停车费明细表New", MakeWindow<frm停车费明细表New>);
     mdi.Windows.Register("frm票据开票明细表New", MakeWindow<frm票据开票明细表New>);
 }
 

@@ -21,10 +21,8 @@ using ReportDriver = int (*)(const std::vector<std::string>&);
 
 const std::map<std::string, ReportDriver>& Reports() {
     static const std::map<std::string, ReportDriver> reports = {
-        {"recon", RunReconReport},
-        {"deptrate", RunDeptRateReport},
-        {"preinvoice", RunPreInvoiceReport},
-        {"invoice", RunInvoiceReport},
+        {"recon", RunReconReport},     {"deptrate", RunDeptRateReport}, {"preinvoice", RunPreInvoiceReport},
+        {"parking", RunParkingReport}, {"invoice", RunInvoiceReport},
     };
     return reports;
 }
