@@ -1,25 +1,16 @@
 // preinvoice_rig.h — test support for the pre-invoice detail: a hand-made book of one department
-// over the first quarter of 2024, a session that records every statement, and the user's steps.
+// over the first quarter of 2024.
 #pragma once
 
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <string>
-#include <vector>
 
-#include "controls/scripted_dialogs.h"
-#include "db/connection.h"
 #include "preinvoice/preinvoice_window.h"
-#include "shell/app_session.h"
-#include "support/grid_lines.h"
+#include "support/detail_rig.h"
 #include "support/test_billing_db.h"
 
 namespace quillon {
-
-inline DateTime Day(int y, int m, int d) {
-    return DateTime{y, m, d};
-}
 
 // Department 0101 (office G01) with four bill types and three items: WY 物业管理费(住宅) at 6 %,
 // P1 停车费(月租) at 9 % and P2 临时停车费 at 3 %, the two last parking items.
@@ -94,49 +85,9 @@ inline void AddPreInvoiceBook(TestBillingDb& db) {
     for (const TestInvoice& inv : {z1, p1, q1, q2, j1, z2, z3, z4, s900, p900}) db.Invoice(inv);
 }
 
-class PreInvoiceTest : public ::testing::Test {
+class PreInvoiceTest : public DetailWindowTest<frm票据预开明细表New> {
 protected:
     void SetUp() override { AddPreInvoiceCatalogues(db); }
-
-    frm票据预开明细表New& Open() {
-        session.DbConnection = std::make_unique<Connection>();
-        session.DbConnection->ConnectionString = db.ConnectionText();
-        session.DbConnection->OnStatement = [this](const std::string& sql) { sent.push_back(sql); };
-        session.DbConnection->Open();
-        window = std::make_unique<frm票据预开明细表New>(session, dialogs);
-        window->Load();
-        return *window;
-    }
-
-    // The department's entry, the range, Command3.
-    void Extract(const DateTime& from = Day(2024, 1, 1), const DateTime& to = Day(2024, 3, 31)) {
-        window->List1.SetListIndex(0);
-        window->DTPicker1_0.SetValue(from);
-        window->DTPicker1_1.SetValue(to);
-        window->Command3.Click();
-    }
-
-    // Types the two percentages of an item as a user does, Enter after each.
-    void Split(const std::string& code, const std::string& developer, const std::string& property) {
-        frm票据预开明细表New& w = *window;
-        w.MSFlexGrid2.ClickCell(w.SplitTable.RowOf("'" + code + "'"), kSplitDeveloperCol);
-        for (const std::string& typed : {developer, property}) {
-            w.txtGRD.SetText(typed);
-            w.txtGRD.PressKey(13);
-        }
-    }
-
-    Lines Messages() const {
-        Lines texts;
-        for (const auto& m : dialogs.Messages()) texts.push_back(m.Text);
-        return texts;
-    }
-
-    TestBillingDb db;
-    AppSession session;
-    ScriptedDialogs dialogs;
-    std::vector<std::string> sent;
-    std::unique_ptr<frm票据预开明细表New> window;
 };
 
 } // namespace quillon
