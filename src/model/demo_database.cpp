@@ -48,12 +48,27 @@ void WriteDemoDatabase(const std::string& path, const DemoOptions& options) {
         // Statistics for the planner: the reports' joins pick the selective index only with them
         // (a 12-month reconciliation on 200,000 invoices runs about a third faster).
         demo::Exec(db, "ANALYZE");
+        demo::Exec(db, ("PRAGMA user_version = " + std::to_string(kDemoDataVersion)).c_str());
     } catch (...) {
         sqlite3_close(db);
         std::filesystem::remove(path, ignored);
         throw;
     }
     sqlite3_close(db);
+}
+
+int ReadDemoDataVersion(const std::string& path) {
+    sqlite3* db = nullptr;
+    int version = -1;
+    if (sqlite3_open_v2(path.c_str(), &db, SQLITE_OPEN_READONLY, nullptr) == SQLITE_OK) {
+        sqlite3_stmt* statement = nullptr;
+        if (sqlite3_prepare_v2(db, "PRAGMA user_version", -1, &statement, nullptr) == SQLITE_OK &&
+            sqlite3_step(statement) == SQLITE_ROW)
+            version = sqlite3_column_int(statement, 0);
+        sqlite3_finalize(statement);
+    }
+    sqlite3_close(db);
+    return version;
 }
 
 } // namespace quillon

@@ -13,7 +13,8 @@ std::filesystem::path DemoDatabasePath(const std::filesystem::path& dataRoot) {
 
 bool EnsureDemoDatabase(const std::filesystem::path& path, const DemoOptions& options) {
     std::error_code error;
-    if (std::filesystem::exists(path, error)) return false;
+    if (std::filesystem::exists(path, error) && ReadDemoDataVersion(path.string()) == kDemoDataVersion)
+        return false;
     std::filesystem::create_directories(path.parent_path(), error);
     if (error)
         throw std::runtime_error("cannot create " + path.parent_path().string() + ": " + error.message());

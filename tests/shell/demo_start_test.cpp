@@ -3,6 +3,7 @@
 #include "shell/demo_start.h"
 
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 
 #include <fstream>
 
@@ -76,8 +77,24 @@ TEST(DemoStart, DatabaseIsMadeOnceInTheDataFolderAndTheStartUpOpensIt) {
 
     const auto size = std::filesystem::file_size(path);
     std::ofstream(path, std::ios::app) << "kept";
-    EXPECT_FALSE(EnsureDemoDatabase(path, small)) << "an existing file is reused";
+    EXPECT_FALSE(EnsureDemoDatabase(path, small)) << "an existing file of this version is reused";
     EXPECT_EQ(std::filesystem::file_size(path), size + 4);
+
+    // One written by an earlier build, and a file that is no database, are made anew.
+    for (const char* stale : {"PRAGMA user_version = 1", ""}) {
+        SCOPED_TRACE(stale);
+        std::filesystem::remove(path);
+        if (*stale) {
+            sqlite3* db = nullptr;
+            ASSERT_EQ(sqlite3_open(path.c_str(), &db), SQLITE_OK);
+            sqlite3_exec(db, stale, nullptr, nullptr, nullptr);
+            sqlite3_close(db);
+        } else {
+            std::ofstream(path) << "not a database";
+        }
+        EXPECT_TRUE(EnsureDemoDatabase(path, small));
+        EXPECT_EQ(ReadDemoDataVersion(path.string()), kDemoDataVersion);
+    }
 }
 
 } // namespace
