@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "controls/print_job.h"
+
 namespace quillon {
 
 // Message box buttons, icon and answers, as the old platform numbered them.
@@ -63,6 +65,10 @@ public:
 
     // Lets pending window messages run once (DoEvents), so that a wait panel paints.
     virtual void Yield() = 0;
+
+    // Shows the print preview of a grid, from which the user may print; modal. The grid must
+    // stay as it is until this returns.
+    virtual void PrintPreview(const PrintJob& job) = 0;
 
 protected:
     // Asks for a file name to save under; false on cancel. `path` comes in as the proposal.

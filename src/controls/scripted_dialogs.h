@@ -49,6 +49,8 @@ public:
     [[noreturn]] void RuntimeError(long number, const std::string& description) override;
     [[noreturn]] void EndProgram() override;
     void Yield() override { ++yields_; }
+    // Recorded: the title, the subtitle and the grid asked for.
+    void PrintPreview(const PrintJob& job) override { printJobs_.push_back(job); }
 
     const std::vector<RecordedMessage>& Messages() const { return messages_; }
     // The dialogs shown, as the window had set them up when it called ShowSave.
@@ -56,6 +58,7 @@ public:
     // The run-time error reports shown, as the text of the box.
     const std::vector<std::string>& RuntimeErrors() const { return runtimeErrors_; }
     int YieldCount() const { return yields_; }
+    const std::vector<PrintJob>& PrintJobs() const { return printJobs_; }
     int PendingAnswers() const { return static_cast<int>(answers_.size()); }
 
     // Raised after a box is recorded (the CLI prints it to stderr).
@@ -70,6 +73,7 @@ private:
     std::vector<RecordedMessage> messages_;
     std::vector<CommonDialogState> saveDialogs_;
     std::vector<std::string> runtimeErrors_;
+    std::vector<PrintJob> printJobs_;
     int yields_ = 0;
 };
 

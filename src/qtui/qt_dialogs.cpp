@@ -130,4 +130,8 @@ bool QtDialogs::AskSaveFileName(const CommonDialogState& state, std::string& pat
     return true;
 }
 
+void QtDialogs::PrintPreview(const PrintJob&) {
+    // The print preview of the page layout is being added; until then nothing is shown.
+}
+
 } // namespace quillon

@@ -18,6 +18,7 @@ public:
     [[noreturn]] void RuntimeError(long number, const std::string& description) override;
     [[noreturn]] void EndProgram() override;
     void Yield() override;
+    void PrintPreview(const PrintJob& job) override;
 
 protected:
     bool AskSaveFileName(const CommonDialogState& state, std::string& path) override;
