@@ -27,13 +27,14 @@ shot() {
 shot main
 shot menu-reports --menu 统计报表
 shot menu-about --menu 关于
-shot parking --open 停车费明细表
 # The detail reports with a year's result: items extracted, a split typed, page 2 shown.
 detail_run() {
     echo --do List1=$1 --do DTPicker1_0=2024-01-01 --do DTPicker1_1=2024-12-31 --do Command3 \
         --do MSFlexGrid2@1,2 --do txtGRD=60 --do "txtGRD#13" --do txtGRD=40 --do "txtGRD#13" \
         --do Command6 --do Image2_2
 }
+# shellcheck disable=SC2046
+shot parking --open 停车费明细表 $(detail_run 0104)
 # shellcheck disable=SC2046
 shot invoice-detail --open 增值税开票明细表 $(detail_run 0104)
 # shellcheck disable=SC2046

@@ -1,26 +1,17 @@
 // invoice_rig.h — test support for the invoice detail: a hand-made March 2024 of one department
-// with a bill of every kind the report flags, a session that records every statement, and the
-// user's steps.
+// with a bill of every kind the report flags.
 #pragma once
 
 #include <gtest/gtest.h>
 
-#include <memory>
+#include <optional>
 #include <string>
-#include <vector>
 
-#include "controls/scripted_dialogs.h"
-#include "db/connection.h"
 #include "invoice/invoice_window.h"
-#include "shell/app_session.h"
-#include "support/grid_lines.h"
+#include "support/detail_rig.h"
 #include "support/test_billing_db.h"
 
 namespace quillon {
-
-inline DateTime Day(int y, int m, int d) {
-    return DateTime{y, m, d};
-}
 
 // Department 0101 (office G01), five bill types, items WY 物业管理费(住宅) at 6 % and P1
 // 停车费(月租) at 9 % (parking), the modes 现金, 微信支付, 支付宝.
@@ -100,41 +91,12 @@ inline void AddInvoiceBook(TestBillingDb& db) {
         db.Invoice(inv);
 }
 
-class InvoiceTest : public ::testing::Test {
+class InvoiceTest : public DetailWindowTest<frm票据开票明细表New> {
 protected:
-    void SetUp() override { AddInvoiceCatalogues(db); }
-
-    frm票据开票明细表New& Open() {
-        session.DbConnection = std::make_unique<Connection>();
-        session.DbConnection->ConnectionString = db.ConnectionText();
-        session.DbConnection->OnStatement = [this](const std::string& sql) { sent.push_back(sql); };
-        session.DbConnection->Open();
-        window = std::make_unique<frm票据开票明细表New>(session, dialogs);
-        window->Load();
-        return *window;
-    }
-
-    // The department's entry, March 2024, Command3.
-    void Extract(const DateTime& from = Day(2024, 3, 1), const DateTime& to = Day(2024, 3, 31)) {
-        window->List1.SetListIndex(0);
-        window->DTPicker1_0.SetValue(from);
-        window->DTPicker1_1.SetValue(to);
-        window->Command3.Click();
-    }
-
-    void Split(const std::string& code, const std::string& developer, const std::string& property) {
-        frm票据开票明细表New& w = *window;
-        w.MSFlexGrid2.ClickCell(w.SplitTable.RowOf("'" + code + "'"), kSplitDeveloperCol);
-        for (const std::string& typed : {developer, property}) {
-            w.txtGRD.SetText(typed);
-            w.txtGRD.PressKey(13);
-        }
-    }
-
-    Lines Messages() const {
-        Lines texts;
-        for (const auto& m : dialogs.Messages()) texts.push_back(m.Text);
-        return texts;
+    void SetUp() override {
+        AddInvoiceCatalogues(db);
+        rangeStart = Day(2024, 3, 1);
+        rangeEnd = Day(2024, 3, 31);
     }
 
     // The grid line whose column `col` holds `text`; empty when there is none.
@@ -144,12 +106,6 @@ protected:
             if (g.TextMatrix(r, col) == text) return GridLine(g, r);
         return {};
     }
-
-    TestBillingDb db;
-    AppSession session;
-    ScriptedDialogs dialogs;
-    std::vector<std::string> sent;
-    std::unique_ptr<frm票据开票明细表New> window;
 };
 
 } // namespace quillon
