@@ -150,11 +150,19 @@ void ReportForm::EndBusy() {
 }
 
 void ReportForm::RunUntrapped(const std::function<void()>& handler) {
+    quillon::RunUntrapped(dialogs_, handler);
+}
+
+void RunUntrapped(Dialogs& dialogs, const std::function<void()>& handler) {
     try {
         handler();
     } catch (const VbError& e) {
-        dialogs_.RuntimeError(e.Number, e.Description);
+        dialogs.RuntimeError(e.Number, e.Description);
     }
+}
+
+void ApplyIgnoringFailure(const std::function<void()>& rule) {
+    Apply(rule);
 }
 
 void ResizeFamilyA(ReportForm& f, Panel& Picture6, ListBox& List1) {

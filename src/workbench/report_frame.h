@@ -86,4 +86,9 @@ int ResizeFamilyB(ReportForm& form, ListBox& List1, Panel& Picture8);
 void ResizeFamilyC(ReportForm& form, TreeView& TreeView1, Label& Label1);
 // Family D (the summary window) lays itself out; its window does so.
 
+// Free forms of the two run rules above, for a window of another frame: a handler that traps
+// nothing (a failure ends in Dialogs::RuntimeError), and one layout rule whose failure is ignored.
+void RunUntrapped(Dialogs& dialogs, const std::function<void()>& handler);
+void ApplyIgnoringFailure(const std::function<void()>& rule);
+
 } // namespace quillon
