@@ -3,6 +3,8 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QPrintPreviewDialog>
+#include <QPrinter>
 #include <QPushButton>
 #include <QStringList>
 
@@ -11,6 +13,7 @@
 #include <utility>
 #include <vector>
 
+#include "qtui/print_painter.h"
 #include "qtui/qt_convert.h"
 
 namespace quillon {
@@ -130,8 +133,19 @@ bool QtDialogs::AskSaveFileName(const CommonDialogState& state, std::string& pat
     return true;
 }
 
-void QtDialogs::PrintPreview(const PrintJob&) {
-    // The print preview of the page layout is being added; until then nothing is shown.
+void QtDialogs::PrintPreview(const PrintJob& job) {
+    if (!job.grid) return;
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setDocName(ToQString(job.title));
+    printer.setFullPage(true); // the layout keeps its own margins
+    SetDevicePaper(printer, LayoutPrintJob(job));
+    QPrintPreviewDialog dialog(&printer, DialogParent());
+    dialog.setWindowTitle(QStringLiteral("打印预览"));
+    // Laid out again on each request: the user may have turned the paper or chosen another size.
+    QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog, [&job](QPrinter* target) {
+        PaintPrintLayout(LayoutPrintJob(job, PaperOf(*target)), *job.grid, *target);
+    });
+    dialog.exec();
 }
 
 } // namespace quillon
