@@ -24,12 +24,13 @@ constexpr const char* kUsage =
     "                    --end YYYY-MM-DD [--tsv FILE] [--xlsx FILE] [--sql-log FILE]\n"
     "  quillon-cli run preinvoice|invoice --db FILE --dept CODE [--office CODE] --from YYYY-MM-DD\n"
     "                    --to YYYY-MM-DD [--split ITEMCODE=DEV:PROP ...] [--tsv FILE] [--xlsx FILE]\n"
-    "                    [--sql-log FILE]\n"
+    "                    [--pdf FILE] [--sql-log FILE]\n"
     "  quillon-cli run parking --db FILE --dept CODE [--office CODE] --from YYYY-MM-DD\n"
     "                    --to YYYY-MM-DD [--split ITEMCODE=DEV:PROP ...] [--tsv FILE] [--xlsx FILE]\n"
-    "                    [--sql-log FILE]\n"
+    "                    [--pdf FILE] [--sql-log FILE]\n"
     "                                                       run a report window, print its grid as TSV,\n"
-    "                                                       save its workbook\n";
+    "                                                       save its workbook, write its printed pages\n"
+    "                                                       as PDF\n";
 
 } // namespace
 

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "cli/console_dialogs.h"
+#include "cli/pdf_option.h"
 #include "cli/run_reports.h"
 #include "workbench/detail_report_form.h"
 
@@ -28,9 +29,14 @@ void TypeSplit(DetailReportForm& w, const SplitOption& split);
 // The header rows once, then the rows of every page in order, as if a page had no limit.
 void WritePages(DetailReportForm& w, std::ostream& out);
 
+// With --pdf FILE: the whole result, every page's rows in the grid at once, printed under the
+// window's title and the date range; the grid then shows its own page again.
+void WriteDetailPdf(DetailReportForm& w, const CliOptions& options);
+
 // The driver of every detail window; Window is constructed from the session and the dialogs.
 template <typename Window> int RunDetailReport(const std::vector<std::string>& args) {
-    CliOptions options(args, {"db", "dept", "office", "from", "to", "split", "tsv", "xlsx", "sql-log"});
+    CliOptions options(args,
+                       {"db", "dept", "office", "from", "to", "split", "tsv", "xlsx", "pdf", "sql-log"});
     if (!options.Positional().empty()) throw UsageError("unexpected '" + options.Positional().front() + "'");
     const std::string dept = options.Require("dept");
     const auto office = options.Get("office");
@@ -51,6 +57,7 @@ template <typename Window> int RunDetailReport(const std::vector<std::string>& a
     w.Command6.Click();
 
     WriteReportOutput(options, [&w](std::ostream& out) { WritePages(w, out); });
+    WriteDetailPdf(w, options);
     return FinishReportRun(options, dialogs, w.Command2, w.Texts().exportedMessage);
 }
 
