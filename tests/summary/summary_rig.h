@@ -111,11 +111,24 @@ public:
     }
     void RunQuarter() { Run({"2", "9", "10"}, DateTime{2024, 1, 1}, DateTime{2024, 3, 31}); }
 
+    // Messages and save dialogs from here on only.
+    void Forget() {
+        messagesSeen_ = dialogs.Messages().size();
+        savesSeen_ = dialogs.SaveDialogs().size();
+    }
     Lines Messages() const {
         Lines texts;
-        for (const auto& m : dialogs.Messages()) texts.push_back(m.Text);
+        for (std::size_t i = messagesSeen_; i < dialogs.Messages().size(); ++i)
+            texts.push_back(dialogs.Messages()[i].Text);
         return texts;
     }
+    std::vector<CommonDialogState> Saves() const {
+        return {dialogs.SaveDialogs().begin() + static_cast<long>(savesSeen_), dialogs.SaveDialogs().end()};
+    }
+
+private:
+    std::size_t messagesSeen_ = 0;
+    std::size_t savesSeen_ = 0;
 };
 
 } // namespace quillon
