@@ -8,6 +8,7 @@
 #include "preinvoice/preinvoice_window.h"
 #include "reconciliation/recon_window.h"
 #include "shell/main_window.h"
+#include "summary/summary_window.h"
 
 namespace quillon {
 namespace {
@@ -25,6 +26,7 @@ void RegisterReportWindows(MDIForm1& mdi) {
     mdi.Windows.Register("frm票据预开明细表New", MakeWindow<frm票据预开明细表New>);
     mdi.Windows.Register("frm停车费明细表New", MakeWindow<frm停车费明细表New>);
     mdi.Windows.Register("frm票据开票明细表New", MakeWindow<frm票据开票明细表New>);
+    mdi.Windows.Register("frm预开票汇总表", MakeWindow<frm预开票汇总表>);
 }
 
 } // namespace quillon

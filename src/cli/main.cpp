@@ -28,6 +28,9 @@ constexpr const char* kUsage =
     "  quillon-cli run parking --db FILE --dept CODE [--office CODE] --from YYYY-MM-DD\n"
     "                    --to YYYY-MM-DD [--split ITEMCODE=DEV:PROP ...] [--tsv FILE] [--xlsx FILE]\n"
     "                    [--pdf FILE] [--sql-log FILE]\n"
+    "  quillon-cli run summary --db FILE (--offices CODE[,CODE...] | --all) --from YYYY-MM-DD\n"
+    "                    --to YYYY-MM-DD [--detail ROW] [--tsv FILE] [--xlsx FILE] [--pdf FILE]\n"
+    "                    [--sql-log FILE]\n"
     "                                                       run a report window, print its grid as TSV,\n"
     "                                                       save its workbook, write its printed pages\n"
     "                                                       as PDF\n";

@@ -22,7 +22,7 @@ using ReportDriver = int (*)(const std::vector<std::string>&);
 const std::map<std::string, ReportDriver>& Reports() {
     static const std::map<std::string, ReportDriver> reports = {
         {"recon", RunReconReport},     {"deptrate", RunDeptRateReport}, {"preinvoice", RunPreInvoiceReport},
-        {"parking", RunParkingReport}, {"invoice", RunInvoiceReport},
+        {"parking", RunParkingReport}, {"invoice", RunInvoiceReport},   {"summary", RunSummaryReport},
     };
     return reports;
 }

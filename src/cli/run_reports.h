@@ -26,6 +26,7 @@ int RunDeptRateReport(const std::vector<std::string>& args);
 int RunPreInvoiceReport(const std::vector<std::string>& args);
 int RunParkingReport(const std::vector<std::string>& args);
 int RunInvoiceReport(const std::vector<std::string>& args);
+int RunSummaryReport(const std::vector<std::string>& args);
 
 // The session a report runs in: the database file opened through the embedded engine, and
 // every statement sent written to --sql-log when it is given (one statement a line).
