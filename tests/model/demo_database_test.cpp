@@ -445,5 +445,32 @@ TEST(DemoReports, InvoiceDetailTakesItsMaintenanceFundFormInBothYears) {
               kIssuedInYear}});
 }
 
+// The pre-invoice summary over a year lists every office it offers with pre-invoiced lines: an
+// invoice of the year, not returned, voided or exchanged, paid after the year or unpaid and
+// flagged 预开, on an item that is set up. An office whose department ended before the year
+// issues nothing in it.
+TEST(DemoReports, PreInvoiceSummaryOfEachYearFillsEveryListedOffice) {
+    // The default demo, which the program and demo-db write; the small one is too small for it.
+    sqlite3* db = DefaultDemo();
+    for (const std::string year : {"2024", "2025"}) {
+        SCOPED_TRACE(year);
+        const std::string offices = "设置管理处 o INNER JOIN 职能部门new d ON o.对应部门代号 = "
+                                    "d.职能部门编号 WHERE o.终止日期 IS NULL "
+                                    "AND (d.终止日期 IS NULL OR d.终止日期 >= '" +
+                                    year + "-01-01')";
+        EXPECT_GE(CountOf(db, offices), 9);
+        EXPECT_EQ(
+            CountOf(db, offices +
+                            " AND NOT EXISTS (SELECT 1 FROM 票据 b INNER JOIN 票据开票数据 l ON l.票据id = "
+                            "b.ID INNER JOIN SetupSFXM ON l.收费项目代号 = DH WHERE b.开票部门编号 = "
+                            "o.对应部门代号 AND substr(b.开票日期, 1, 4) = '" +
+                            year +
+                            "' AND b.退票日期 IS NULL AND b.作废日期 IS NULL AND b.内换日期 IS NULL AND "
+                            "((b.收款日期 IS NULL AND b.预开 = 1) OR substr(b.收款日期, 1, 10) > '" +
+                            year + "-12-31'))"),
+            0);
+    }
+}
+
 } // namespace
 } // namespace quillon
