@@ -447,18 +447,14 @@ TEST(DemoReports, InvoiceDetailTakesItsMaintenanceFundFormInBothYears) {
 
 // The pre-invoice summary over a year lists every office it offers with pre-invoiced lines: an
 // invoice of the year, not returned, voided or exchanged, paid after the year or unpaid and
-// flagged 预开, on an item that is set up. An office whose department ended before the year
-// issues nothing in it.
+// flagged 预开, on an item that is set up.
 TEST(DemoReports, PreInvoiceSummaryOfEachYearFillsEveryListedOffice) {
     // The default demo, which the program and demo-db write; the small one is too small for it.
     sqlite3* db = DefaultDemo();
     for (const std::string year : {"2024", "2025"}) {
         SCOPED_TRACE(year);
-        const std::string offices = "设置管理处 o INNER JOIN 职能部门new d ON o.对应部门代号 = "
-                                    "d.职能部门编号 WHERE o.终止日期 IS NULL "
-                                    "AND (d.终止日期 IS NULL OR d.终止日期 >= '" +
-                                    year + "-01-01')";
-        EXPECT_GE(CountOf(db, offices), 9);
+        const std::string offices = "设置管理处 o WHERE o.终止日期 IS NULL";
+        EXPECT_GE(CountOf(db, offices), 10);
         EXPECT_EQ(
             CountOf(db, offices +
                             " AND NOT EXISTS (SELECT 1 FROM 票据 b INNER JOIN 票据开票数据 l ON l.票据id = "
