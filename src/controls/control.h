@@ -29,6 +29,7 @@ enum class Aspect {
     Layout,      // grid shape: rows, columns, sizes, alignment, merging, format string
     CurrentCell, // grid Row/Col, TopRow/LeftCol
     Redraw,      // grid Redraw switched back on: repaint everything
+    WindowState, // a window normal, minimised or maximised
 };
 
 // Run-time error numbers that the controls raise, as the old platform numbered them.

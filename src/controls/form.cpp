@@ -60,6 +60,18 @@ void Form::Show() {
         Changed.Raise(Aspect::Visible);
     }
     ZOrder(0);
+    Activate();
+}
+
+void Form::SetWindowState(int state) {
+    if (state < 0 || state > 2) ThrowInvalidPropertyValue();
+    if (state == windowState_) return;
+    windowState_ = state;
+    Changed.Raise(Aspect::WindowState);
+}
+
+void Form::Activate() {
+    Form_Activate();
 }
 
 void Form::ZOrder(int position) {

@@ -50,18 +50,25 @@ public:
     bool Visible() const { return visible_; }
     void ZOrder(int position = 0);
     long ZLevel() const { return zLevel_; }
+    // 0 normal, 1 minimised, 2 maximised within the frame.
+    int WindowState() const { return windowState_; }
+    void SetWindowState(int state); // error 380 outside 0..2
+    // The window became the active one (shown, or brought forward by the user): Form_Activate.
+    void Activate();
+
     // The close box: asks Form_QueryUnload, then raises Unloaded. False when the close was cancelled.
     bool Close();
     // Unload from code (Command1 "退出", cmdOK): no question asked.
     void Unload();
 
-    Event<Aspect> Changed; // Caption, Geometry, Visible, ZOrder
+    Event<Aspect> Changed; // Caption, Geometry, Visible, ZOrder, WindowState
     Event<> Unloaded;      // the owner drops the instance; the next open makes a fresh one
 
 protected:
     void AddControl(Control& control, Control* container = nullptr);
 
     virtual void Form_Load() {}
+    virtual void Form_Activate() {}
     virtual void Form_Resize() {}
     // False keeps the window open.
     virtual bool Form_QueryUnload() { return true; }
@@ -72,6 +79,7 @@ private:
     int left_ = 0, top_ = 0, width_ = 9600, height_ = 7200;
     int scaleWidth_ = 9480, scaleHeight_ = 6780;
     bool loaded_ = false;
+    int windowState_ = 0;
     bool visible_ = false;
     long zLevel_ = 0;
     std::vector<Child> children_;

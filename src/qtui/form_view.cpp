@@ -123,6 +123,14 @@ void FormSubWindow::OnFormChanged(Aspect what) {
     case Aspect::Visible:
         setVisible(form_->Visible());
         break;
+    case Aspect::WindowState:
+        if (form_->WindowState() == 2)
+            showMaximized();
+        else if (form_->WindowState() == 1)
+            showMinimized();
+        else
+            showNormal();
+        break;
     case Aspect::ZOrder:
         if (form_->ZLevel() > 0) {
             if (isHidden() && form_->Visible()) show();

@@ -78,7 +78,10 @@ MainFrame::MainFrame(MDIForm1& mdi, const QPixmap& banner) : mdi_(mdi) {
     // A window the user brings forward is in front in the model too.
     connect(mdiArea_, &QMdiArea::subWindowActivated, this, [](QMdiSubWindow* window) {
         auto* sub = dynamic_cast<FormSubWindow*>(window);
-        if (sub && sub->Model() && sub->Model()->ZLevel() <= 0) sub->Model()->ZOrder(0);
+        if (!sub || !sub->Model()) return;
+        Form* form = sub->Model();
+        if (form->ZLevel() <= 0) form->ZOrder(0);
+        RunUserAction([form] { form->Activate(); });
     });
 
     auto created = mdi.Windows.Created.Connect([this](Form& form) { OnCreated(form); });

@@ -205,7 +205,7 @@ void frm预开票汇总表::Form_Load() {
 }
 
 void frm预开票汇总表::Form_Activate() {
-    WindowState = 2;
+    SetWindowState(2);
 }
 
 void frm预开票汇总表::Form_Resize() {

@@ -77,11 +77,10 @@ public:
     std::string OfficeInList;
     int SummaryMarkedRow = 0;
     int DetailMarkedRow = 0;
-    int WindowState = 0; // 2: maximised, set on every activation
     // The two exchange statements the ledger builders make and never send.
     std::string ExchangedStatement, ReplacingStatement;
 
-    void Form_Activate();
+    void Form_Activate() override;
     void Command1_Click(int Index);
     void Check3_Click();
     void Check1_Click();

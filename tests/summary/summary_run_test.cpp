@@ -244,8 +244,8 @@ TEST_F(SummaryRun, FailedStatementEndsWithTheRunTimeError) {
 TEST_F(SummaryRun, ExitUnloadsAndActivationMaximises) {
     bool unloaded = false;
     rig.window->Unloaded.Connect([&] { unloaded = true; });
-    rig.window->Form_Activate();
-    EXPECT_EQ(rig.window->WindowState, 2);
+    rig.window->Show();
+    EXPECT_EQ(rig.window->WindowState(), 2) << "maximised when it becomes the active window";
     rig.window->Command1_Click(7);
     EXPECT_FALSE(unloaded) << "an index outside 0 to 3 does nothing";
     rig.window->Command1_2.Click();
