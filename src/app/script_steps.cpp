@@ -3,6 +3,7 @@
 #include <cstdlib>
 
 #include "base/date_time.h"
+#include "controls/check_box.h"
 #include "controls/command_button.h"
 #include "controls/date_picker.h"
 #include "controls/flex_grid.h"
@@ -24,6 +25,10 @@ std::string RunScriptStep(Form& form, const std::string& step) {
         if (auto* button = dynamic_cast<CommandButton*>(control))
             return button->Click() ? "" : "button is off";
         if (auto* image = dynamic_cast<Image*>(control)) return image->ClickImage() ? "" : "image is off";
+        if (auto* box = dynamic_cast<CheckBox*>(control)) {
+            box->SetValue(box->Value() == 1 ? 0 : 1);
+            return "";
+        }
     } else if (how == '=') {
         if (auto* list = dynamic_cast<ListBox*>(control)) {
             for (int i = 0; i < list->ListCount(); ++i)

@@ -10,7 +10,7 @@ namespace quillon {
 class Form;
 
 // One step, by the control's name:
-//   NAME            click a button or an image
+//   NAME            click a button, an image or a check box
 //   NAME=TEXT       a list: select the first entry that starts with TEXT; a date picker: the
 //                   date YYYY-MM-DD; a text box: its text
 //   NAME@ROW,COL    click a grid cell

@@ -109,7 +109,14 @@ void FormSubWindow::Detach() {
 }
 
 void FormSubWindow::OnFormChanged(Aspect what) {
-    if (!form_ || syncing_) return;
+    if (!form_) return;
+    // Also while another change is being followed: a window activated by being brought forward
+    // maximises itself from inside that step.
+    if (what == Aspect::WindowState) {
+        ApplyWindowState();
+        return;
+    }
+    if (syncing_) return;
     if (what == Aspect::Visible && form_->Visible() && !placed_) PlaceByDefault();
     syncing_ = true;
     switch (what) {
@@ -117,19 +124,13 @@ void FormSubWindow::OnFormChanged(Aspect what) {
         setWindowTitle(ToQString(form_->Caption()));
         break;
     case Aspect::Geometry:
+        // A maximised or minimised window keeps the place the frame gives it.
+        if (isMaximized() || isMinimized()) break;
         setGeometry(TwipsToPixels(form_->Left()), TwipsToPixels(form_->Top()), TwipsToPixels(form_->Width()),
                     TwipsToPixels(form_->Height()));
         break;
     case Aspect::Visible:
         setVisible(form_->Visible());
-        break;
-    case Aspect::WindowState:
-        if (form_->WindowState() == 2)
-            showMaximized();
-        else if (form_->WindowState() == 1)
-            showMinimized();
-        else
-            showNormal();
         break;
     case Aspect::ZOrder:
         if (form_->ZLevel() > 0) {
@@ -144,6 +145,18 @@ void FormSubWindow::OnFormChanged(Aspect what) {
         break;
     }
     syncing_ = false;
+}
+
+void FormSubWindow::ApplyWindowState() {
+    const bool wasSyncing = syncing_;
+    syncing_ = true;
+    if (form_->WindowState() == 2)
+        showMaximized();
+    else if (form_->WindowState() == 1)
+        showMinimized();
+    else
+        showNormal();
+    syncing_ = wasSyncing;
 }
 
 // A window that leaves its place at 0,0 is put where the desktop puts new windows: cascaded

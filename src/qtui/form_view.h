@@ -63,6 +63,7 @@ protected:
 private:
     void OnFormChanged(Aspect what);
     void PushGeometry();
+    void ApplyWindowState();
     void PlaceByDefault();
 
     Form* form_;

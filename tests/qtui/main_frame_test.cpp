@@ -137,6 +137,30 @@ TEST(MainFrame, WindowsWithoutAPlaceAreCascaded) {
     EXPECT_EQ(f.frame->SubWindowOf(*second)->pos(), QPoint(24, 24));
 }
 
+// A window that maximises itself whenever it becomes the active one.
+class MaximisingForm : public Form {
+public:
+    MaximisingForm() : Form("frm预开票汇总表", "预开票汇总表") {}
+
+protected:
+    void Form_Activate() override { SetWindowState(2); }
+};
+
+TEST(MainFrame, AWindowMaximisedOnActivationStaysMaximised) {
+    Framed f;
+    f.mdi->Windows.Register("frm预开票汇总表", [](AppSession&, Dialogs&) -> std::unique_ptr<Form> {
+        return std::make_unique<MaximisingForm>();
+    });
+    f.Pick("预开票汇总表");
+    Form* form = f.mdi->Windows.Find("frm预开票汇总表");
+    ASSERT_NE(form, nullptr);
+    EXPECT_EQ(form->WindowState(), 2);
+    FormSubWindow* window = f.frame->SubWindowOf(*form);
+    ASSERT_NE(window, nullptr);
+    EXPECT_TRUE(window->isMaximized());
+    EXPECT_EQ(window->size(), f.frame->MdiArea()->viewport()->size());
+}
+
 TEST(MainFrame, CloseBoxAnsweredNoKeepsTheProgram) {
     Framed f;
     f.Pick("开票票据核对表");
