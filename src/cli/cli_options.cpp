@@ -4,7 +4,8 @@
 
 namespace quillon {
 
-CliOptions::CliOptions(const std::vector<std::string>& args, const std::set<std::string>& known) {
+CliOptions::CliOptions(const std::vector<std::string>& args, const std::set<std::string>& known,
+                       const std::set<std::string>& flags) {
     for (size_t i = 0; i < args.size(); ++i) {
         const std::string& a = args[i];
         if (a.rfind("--", 0) != 0) {
@@ -12,6 +13,10 @@ CliOptions::CliOptions(const std::vector<std::string>& args, const std::set<std:
             continue;
         }
         std::string name = a.substr(2);
+        if (flags.contains(name)) {
+            flags_.insert(name);
+            continue;
+        }
         if (!known.count(name)) throw UsageError("unknown option " + a);
         if (i + 1 >= args.size()) throw UsageError("option " + a + " needs a value");
         values_[name].push_back(args[++i]);

@@ -15,16 +15,8 @@ constexpr const char* kExported = "汇总表导出成功！";
 } // namespace
 
 int RunDeptRateReport(const std::vector<std::string>& args) {
-    // --all is the one option without a value.
-    std::vector<std::string> rest;
-    bool all = false;
-    for (const auto& a : args) {
-        if (a == "--all")
-            all = true;
-        else
-            rest.push_back(a);
-    }
-    CliOptions options(rest, {"db", "depts", "start", "end", "tsv", "xlsx", "sql-log"});
+    CliOptions options(args, {"db", "depts", "start", "end", "tsv", "xlsx", "sql-log"}, {"all"});
+    const bool all = options.Has("all");
     if (!options.Positional().empty()) throw UsageError("unexpected '" + options.Positional().front() + "'");
     const auto depts = options.Get("depts");
     if (all == depts.has_value()) throw UsageError("give either --depts CODE[,CODE…] or --all");

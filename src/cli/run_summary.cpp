@@ -37,16 +37,9 @@ void TickOffices(frm预开票汇总表& w, const std::string& codes) {
 } // namespace
 
 int RunSummaryReport(const std::vector<std::string>& args) {
-    // --all is the one option without a value.
-    std::vector<std::string> rest;
-    bool all = false;
-    for (const auto& a : args) {
-        if (a == "--all")
-            all = true;
-        else
-            rest.push_back(a);
-    }
-    CliOptions options(rest, {"db", "offices", "from", "to", "detail", "tsv", "xlsx", "pdf", "sql-log"});
+    CliOptions options(args, {"db", "offices", "from", "to", "detail", "tsv", "xlsx", "pdf", "sql-log"},
+                       {"all"});
+    const bool all = options.Has("all");
     if (!options.Positional().empty()) throw UsageError("unexpected '" + options.Positional().front() + "'");
     const auto offices = options.Get("offices");
     if (all == offices.has_value()) throw UsageError("give either --offices CODE[,CODE…] or --all");

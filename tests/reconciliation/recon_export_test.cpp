@@ -55,10 +55,7 @@ protected:
 
 // Title lines and both header rows, and exactly the merges given.
 void ExpectHeader(const xlsxread::Sheet& sheet, int C, const std::vector<Area>& merges) {
-    EXPECT_EQ(sheet.merges.size(), merges.size());
-    for (const auto& a : merges)
-        EXPECT_TRUE(std::find(sheet.merges.begin(), sheet.merges.end(), a) != sheet.merges.end())
-            << a.firstRow << "," << a.firstCol << "-" << a.lastRow << "," << a.lastCol;
+    EXPECT_EQ(xlsxread::Sorted(sheet.merges), xlsxread::Sorted(merges));
     auto text = [&](int r, int c) {
         const auto* cell = sheet.Find(r, c);
         return cell ? cell->text : "<none>";

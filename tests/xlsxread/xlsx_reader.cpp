@@ -3,6 +3,7 @@
 // Parts it never writes (inline and rich strings, escaped control characters) are not read.
 #include "xlsxread/xlsx_reader.h"
 
+#include <algorithm>
 #include <array>
 #include <memory>
 #include <sstream>
@@ -222,6 +223,11 @@ Book ReadXlsx(const std::string& path) {
         book.sheets.push_back(ReadSheet(zip.get(), rel->second.second, sharedStrings, formats));
     }
     return book;
+}
+
+std::vector<Area> Sorted(std::vector<Area> areas) {
+    std::sort(areas.begin(), areas.end());
+    return areas;
 }
 
 std::vector<std::string> ShownRow(const Sheet& sheet, int row, int lastCol) {

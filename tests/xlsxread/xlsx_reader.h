@@ -35,8 +35,11 @@ struct Cell {
 
 struct Area {
     int firstRow, firstCol, lastRow, lastCol;
-    bool operator==(const Area&) const = default;
+    auto operator<=>(const Area&) const = default;
 };
+
+// The areas in order, so that two sets of merges compare whatever order they were made in.
+std::vector<Area> Sorted(std::vector<Area> areas);
 
 struct Column {
     double width = 0; // as written in the file, padding included
