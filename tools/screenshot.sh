@@ -41,6 +41,11 @@ shot invoice-detail --open 增值税开票明细表 $(detail_run 0104)
 shot preinvoice-detail --open 增值税预开明细表 $(detail_run 010101)
 shot reconciliation --open 开票票据核对表
 shot deptrate --open 增值税开票统计汇总表
-shot preinvoice-summary --open 预开票汇总表
+# The summary of every office over 2024 (its closing message shows over it), and a drill-down.
+summary_run="--do Check3 --do DTPicker3=2024-01-01 --do DTPicker4=2024-12-31 --do Command1_0"
+# shellcheck disable=SC2086
+shot preinvoice-summary --open 预开票汇总表 $summary_run
+# shellcheck disable=SC2086
+shot preinvoice-summary-detail --open 预开票汇总表 $summary_run --do MSFlexGrid1@3,6
 shot about --open 关于软件
 shot several --open 开票票据核对表 --open 预开票汇总表 --open 关于软件
