@@ -3,7 +3,6 @@
 #include "base/vb_number.h"
 #include "parking/parking_window.h"
 #include "workbench/detail_workbook.h"
-#include "workbench/excel_export.h"
 #include "xlsx/worksheet.h"
 #include "xlsx/xl_constants.h"
 
@@ -18,58 +17,45 @@ constexpr const char* kSheetPaperMedia = "纸质";
 } // namespace
 
 void frm停车费明细表New::ExportDetailWorkbook() {
-    RunSheetWriter(dialogs_, CommonDialog1.FileName, Texts().exportedMessage, WriterTrap::NumberDescription,
-                   [this](Worksheet& sheet) {
-                       const int C = MSFlexGrid1.Cols();
-                       const int n = AmountColumnCount;
-                       const int U = ResultRowCount().value_or(0);
-                       WriteDetailSheetHead(sheet, MSFlexGrid1, Label1_0.Caption(), List1.Text(),
-                                            DTPicker1_0.Value(), DTPicker1_1.Value());
+    // Both bill-number columns down both rows; three columns for every item; 合计 alone at the right.
+    WriteDetailWorkbook({{{4, 3, 5, 3}}, 4, 1, true}, [this](Worksheet& sheet, int C, int n, int U) {
+        for (int i = 1; i <= U; ++i) {
+            const int r = i + 5;
+            const ParkingRow& row = (*ResultRows)[i];
+            ProgressBar1.SetValue(i);
+            sheet.Cells(r, 1).SetValue(static_cast<double>(i));
+            sheet.Cells(r, 1).SetHorizontalAlignment(xlCenter);
+            if (row.IsClosing()) {
+                sheet.Cells(r, 2).SetValue(row.BillRange);
+                sheet.Cells(r, 2).SetHorizontalAlignment(xlCenter);
+                sheet.Cells(r, C - 1).SetValue(row.PayMode);
+                sheet.Cells(r, C - 1).SetHorizontalAlignment(xlRight);
+                sheet.Cells(r, C).SetValue(row.RowTotal);
+                sheet.Cells(r, C).SetHorizontalAlignment(xlRight);
+                sheet.Range(r, 1, r, C).Interior().SetColor(kDetailHeaderFill);
+                continue;
+            }
+            // The leading "'" keeps a bill number as text.
+            SheetRange range = sheet.Cells(r, row.MediaKind == kSheetPaperMedia ? 2 : 3);
+            range.SetValue("'" + row.BillRange);
+            range.SetHorizontalAlignment(xlCenter);
+            WriteAmountCells(sheet, r, 4, row.Amounts, n);
+            sheet.Cells(r, C).SetValue(Format(row.RowTotal, "0.00"));
+            if (row.BillRange == "合  计") sheet.Range(r, 1, r, C).Interior().SetColor(kDetailHeaderFill);
+        }
 
-                       MergeDetailHeader(sheet, C, {{4, 3, 5, 3}}, 4, ChargeItems, 1, true);
+        // The fonts reach down to the signature row.
+        FormatDetailTable(sheet, C, U + 5, 4, C, U + 6);
 
-                       Label2.SetVisible(true);
-                       dialogs_.Yield();
-
-                       for (int i = 1; i <= U; ++i) {
-                           const int r = i + 5;
-                           const ParkingRow& row = (*ResultRows)[i];
-                           ProgressBar1.SetValue(i);
-                           sheet.Cells(r, 1).SetValue(static_cast<double>(i));
-                           sheet.Cells(r, 1).SetHorizontalAlignment(xlCenter);
-                           if (row.IsClosing()) {
-                               sheet.Cells(r, 2).SetValue(row.BillRange);
-                               sheet.Cells(r, 2).SetHorizontalAlignment(xlCenter);
-                               sheet.Cells(r, C - 1).SetValue(row.PayMode);
-                               sheet.Cells(r, C - 1).SetHorizontalAlignment(xlRight);
-                               sheet.Cells(r, C).SetValue(row.RowTotal);
-                               sheet.Cells(r, C).SetHorizontalAlignment(xlRight);
-                               sheet.Range(r, 1, r, C).Interior().SetColor(kDetailHeaderFill);
-                               continue;
-                           }
-                           // The leading "'" keeps a bill number as text.
-                           SheetRange range = sheet.Cells(r, row.MediaKind == kSheetPaperMedia ? 2 : 3);
-                           range.SetValue("'" + row.BillRange);
-                           range.SetHorizontalAlignment(xlCenter);
-                           WriteAmountCells(sheet, r, 4, row.Amounts, n);
-                           sheet.Cells(r, C).SetValue(Format(row.RowTotal, "0.00"));
-                           if (row.BillRange == "合  计")
-                               sheet.Range(r, 1, r, C).Interior().SetColor(kDetailHeaderFill);
-                       }
-
-                       // The fonts reach down to the signature row.
-                       FormatDetailTable(sheet, C, U + 5, 4, C, U + 6);
-
-                       const int s = U + 6;
-                       sheet.Cells(s, 1).SetValue("收款人:");
-                       sheet.Cells(s, 2).SetValue("经理:");
-                       sheet.Cells(s, 2).SetHorizontalAlignment(xlCenter);
-                       sheet.Cells(s, 3).SetValue("缴款人:");
-                       sheet.Cells(s, 3).SetHorizontalAlignment(xlLeft);
-                       sheet.Cells(s, 5).SetValue("总仓管理员:");
-                       sheet.Cells(s, 5).SetHorizontalAlignment(xlLeft);
-                       Label2.SetVisible(false);
-                   });
+        const int s = U + 6;
+        sheet.Cells(s, 1).SetValue("收款人:");
+        sheet.Cells(s, 2).SetValue("经理:");
+        sheet.Cells(s, 2).SetHorizontalAlignment(xlCenter);
+        sheet.Cells(s, 3).SetValue("缴款人:");
+        sheet.Cells(s, 3).SetHorizontalAlignment(xlLeft);
+        sheet.Cells(s, 5).SetValue("总仓管理员:");
+        sheet.Cells(s, 5).SetHorizontalAlignment(xlLeft);
+    });
 }
 
 } // namespace quillon

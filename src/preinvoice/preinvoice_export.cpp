@@ -2,45 +2,30 @@
 #include "base/vb_number.h"
 #include "preinvoice/preinvoice_window.h"
 #include "workbench/detail_workbook.h"
-#include "workbench/excel_export.h"
 #include "xlsx/worksheet.h"
 #include "xlsx/xl_constants.h"
 
 namespace quillon {
 
 void frm票据预开明细表New::ExportDetailWorkbook() {
-    RunSheetWriter(
-        dialogs_, CommonDialog1.FileName, Texts().exportedMessage, WriterTrap::NumberDescription,
-        [this](Worksheet& sheet) {
-            const int C = MSFlexGrid1.Cols();
-            const int n = AmountColumnCount;
-            const int U = ResultRowCount().value_or(0);
-            WriteDetailSheetHead(sheet, MSFlexGrid1, Label1_0.Caption(), List1.Text(), DTPicker1_0.Value(),
-                                 DTPicker1_1.Value());
+    // 增值税发票 over its two number columns.
+    WriteDetailWorkbook({{{4, 3, 4, 4}}, 5, 3}, [this](Worksheet& sheet, int C, int n, int U) {
+        for (int i = 1; i <= U; ++i) {
+            const int r = i + 5;
+            const PreInvoiceRow& row = (*ResultRows)[i];
+            ProgressBar1.SetValue(i);
+            WriteBillCells(sheet, r, i, row.BillDate, {&row.SpecialInvoiceNo, &row.OrdinaryInvoiceNo});
+            WriteAmountCells(sheet, r, 5, row.Amounts, n);
+            sheet.Cells(r, C - 2).SetValue(Format(row.RowTotal, "0.00"));
+            sheet.Cells(r, C - 1).SetValue(row.PayMode);
+            sheet.Cells(r, C).SetValue(row.Payer);
+            sheet.Rows(r).SetWrapText(true);
+        }
 
-            // 增值税发票 over its two number columns.
-            MergeDetailHeader(sheet, C, {{4, 3, 4, 4}}, 5, ChargeItems, 3);
-
-            Label2.SetVisible(true);
-            dialogs_.Yield();
-
-            for (int i = 1; i <= U; ++i) {
-                const int r = i + 5;
-                const PreInvoiceRow& row = (*ResultRows)[i];
-                ProgressBar1.SetValue(i);
-                WriteBillCells(sheet, r, i, row.BillDate, {&row.SpecialInvoiceNo, &row.OrdinaryInvoiceNo});
-                WriteAmountCells(sheet, r, 5, row.Amounts, n);
-                sheet.Cells(r, C - 2).SetValue(Format(row.RowTotal, "0.00"));
-                sheet.Cells(r, C - 1).SetValue(row.PayMode);
-                sheet.Cells(r, C).SetValue(row.Payer);
-                sheet.Rows(r).SetWrapText(true);
-            }
-
-            FormatDetailTable(sheet, C, U + 5, 5, n + 5, U + 5);
-            sheet.Range(U + 5, 1, U + 5, C).Interior().SetColor(kDetailHeaderFill);
-            WriteSignatureRow(sheet, U + 6);
-            Label2.SetVisible(false);
-        });
+        FormatDetailTable(sheet, C, U + 5, 5, n + 5, U + 5);
+        sheet.Range(U + 5, 1, U + 5, C).Interior().SetColor(kDetailHeaderFill);
+        WriteSignatureRow(sheet, U + 6);
+    });
 }
 
 } // namespace quillon

@@ -219,6 +219,22 @@ void DetailReportForm::FinishResult(int totalRows) {
     Pager.ShowPageLabel();
 }
 
+void DetailReportForm::WriteDetailWorkbook(const DetailSheetShape& shape,
+                                           const std::function<void(Worksheet&, int, int, int)>& writeRows) {
+    RunSheetWriter(dialogs_, CommonDialog1.FileName, texts_.exportedMessage, WriterTrap::NumberDescription,
+                   [&](Worksheet& sheet) {
+                       const int C = MSFlexGrid1.Cols();
+                       WriteDetailSheetHead(sheet, MSFlexGrid1, Label1_0.Caption(), List1.Text(),
+                                            DTPicker1_0.Value(), DTPicker1_1.Value());
+                       MergeDetailHeader(sheet, C, shape.ownBlocks, shape.firstItemCol, ChargeItems,
+                                         shape.closingCols, shape.allParking);
+                       Label2.SetVisible(true);
+                       dialogs_.Yield();
+                       writeRows(sheet, C, AmountColumnCount, ResultRowCount().value_or(0));
+                       Label2.SetVisible(false);
+                   });
+}
+
 void DetailReportForm::Command2_Click() {
     ExportControls controls{MSFlexGrid1, CommonDialog1, ProgressBar1, {&Command1, &Command2}};
     ExportRequest request;

@@ -6,14 +6,17 @@
 // few routines each implements: its statements, its grid header, its rows and its sheet.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "controls/date_picker.h"
 #include "controls/image.h"
 #include "controls/text_box.h"
 #include "workbench/charge_items.h"
+#include "workbench/detail_workbook.h"
 #include "workbench/grid_pager.h"
 #include "workbench/report_frame.h"
 #include "workbench/split_ratio_table.h"
@@ -113,6 +116,19 @@ protected:
     // DTPicker1(0) and (1) as "yyyymmdd", read afresh by each statement.
     std::string StartText() const;
     std::string EndText() const;
+    // The writer of a detail workbook, under CommonDialog1.FileName: sheet rows 1 to 5 and the
+    // header merges of the shape, the export notice shown while writeRows fills the body (C the
+    // grid's columns, n its money columns, U the last row of ResultRows), the notice hidden, the
+    // file saved and the report's success message; a failure is shown with its number.
+    struct DetailSheetShape {
+        std::vector<SheetSpan> ownBlocks; // header merges of the report's own columns
+        int firstItemCol;                 // sheet column of the first item group
+        int closingCols;                  // columns merged down both rows at the right
+        bool allParking = false;          // three columns for every item
+    };
+    void WriteDetailWorkbook(const DetailSheetShape& shape,
+                             const std::function<void(Worksheet& sheet, int C, int n, int U)>& writeRows);
+
     // The end of a run that found rows: page count over all rows, then the label.
     void FinishResult(int totalRows);
     // The run's answer when nothing was found: the label back to "第 00 页 共 00 页".

@@ -43,7 +43,7 @@ void WriteDetailSheetHead(Worksheet& sheet, FlexGrid& grid, const std::string& t
     grid.SetVisible(true);
 }
 
-void MergeDetailHeader(Worksheet& sheet, int lastCol, std::initializer_list<SheetSpan> ownBlocks,
+void MergeDetailHeader(Worksheet& sheet, int lastCol, const std::vector<SheetSpan>& ownBlocks,
                        int firstItemCol, const ChargeItemColumns& items, int closingCols, bool allParking) {
     sheet.Range(4, 1, 5, 1).SetMergeCells(true);
     sheet.Range(4, 2, 5, 2).SetMergeCells(true);

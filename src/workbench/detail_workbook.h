@@ -34,7 +34,7 @@ struct SheetSpan {
 // The merges of the two header rows: 序 and the date down both rows, the report's own blocks,
 // the item groups from firstItemCol on, the last closingCols columns down both rows; then the
 // header fill over the whole width.
-void MergeDetailHeader(Worksheet& sheet, int lastCol, std::initializer_list<SheetSpan> ownBlocks,
+void MergeDetailHeader(Worksheet& sheet, int lastCol, const std::vector<SheetSpan>& ownBlocks,
                        int firstItemCol, const ChargeItemColumns& items, int closingCols,
                        bool allParking = false);
 
