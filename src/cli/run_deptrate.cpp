@@ -4,6 +4,7 @@
 
 #include "base/vb_text.h"
 #include "cli/console_dialogs.h"
+#include "cli/pdf_option.h"
 #include "cli/run_reports.h"
 #include "deptrate/deptrate_window.h"
 
@@ -15,7 +16,7 @@ constexpr const char* kExported = "汇总表导出成功！";
 } // namespace
 
 int RunDeptRateReport(const std::vector<std::string>& args) {
-    CliOptions options(args, {"db", "depts", "start", "end", "tsv", "xlsx", "sql-log"}, {"all"});
+    CliOptions options(args, {"db", "depts", "start", "end", "tsv", "xlsx", "pdf", "sql-log"}, {"all"});
     const bool all = options.Has("all");
     if (!options.Positional().empty()) throw UsageError("unexpected '" + options.Positional().front() + "'");
     const auto depts = options.Get("depts");
@@ -54,6 +55,7 @@ int RunDeptRateReport(const std::vector<std::string>& args) {
     w.DTPicker2.SetValue(end);
     w.Command3.Click();
     WriteReportGrid(w.MSFlexGrid1, options);
+    w.PrintResult([&options](const PrintJob& job) { WritePdfIfAsked(options, job); });
     return FinishReportRun(options, dialogs, w.Command2, kExported);
 }
 

@@ -1,7 +1,5 @@
 #include "cli/run_detail.h"
 
-#include <algorithm>
-
 #include "base/vb_number.h"
 #include "cli/grid_tsv.h"
 
@@ -35,28 +33,8 @@ void WritePages(DetailReportForm& w, std::ostream& out) {
 }
 
 void WriteDetailPdf(DetailReportForm& w, const CliOptions& options) {
-    if (!options.Get("pdf")) return;
-    // A page as long as the whole result lays every row into the grid in one pass; the window's
-    // own page comes back afterwards, whatever happens to the file.
-    struct WholeResult {
-        DetailReportForm& w;
-        const int pageSize = w.Pager.PageSize;
-        const bool found = w.MSFlexGrid1.Rows() > 2;
-        explicit WholeResult(DetailReportForm& window) : w(window) {
-            if (!found) return;
-            w.Pager.PageSize = w.Pager.PageCount * std::max(1, pageSize);
-            w.Pager.RenderPage(1);
-        }
-        ~WholeResult() {
-            if (!found) return;
-            w.Pager.PageSize = pageSize;
-            w.Pager.RenderPage(w.Pager.CurrentPage);
-        }
-    } whole(w);
-    const std::string dates = std::string(w.Texts().dateLabel) + ": " +
-                              Format(w.DTPicker1_0.Value(), "yyyy-mm-dd") + " 至 " +
-                              Format(w.DTPicker1_1.Value(), "yyyy-mm-dd");
-    WritePdfIfAsked(options, {w.Label1_0.Caption(), dates, &w.MSFlexGrid1});
+    if (!options.Get("pdf")) return; // the whole result goes into the grid only for a file
+    w.PrintResult([&options](const PrintJob& job) { WritePdfIfAsked(options, job); });
 }
 
 } // namespace quillon

@@ -4,6 +4,7 @@
 
 #include "base/vb_number.h"
 #include "cli/console_dialogs.h"
+#include "cli/pdf_option.h"
 #include "cli/run_reports.h"
 #include "model/department_catalog.h"
 #include "reconciliation/recon_window.h"
@@ -11,8 +12,8 @@
 namespace quillon {
 
 int RunReconReport(const std::vector<std::string>& args) {
-    CliOptions options(args,
-                       {"db", "form", "dept", "office", "year", "from", "to", "tsv", "xlsx", "sql-log"});
+    CliOptions options(
+        args, {"db", "form", "dept", "office", "year", "from", "to", "tsv", "xlsx", "pdf", "sql-log"});
     if (!options.Positional().empty()) throw UsageError("unexpected '" + options.Positional().front() + "'");
     const std::string form = options.Require("form");
     if (form != "票据核对表" && form != "票据核对表New")
@@ -44,6 +45,7 @@ int RunReconReport(const std::vector<std::string>& args) {
     w->Command3.Click();
 
     WriteReportGrid(w->MSFlexGrid1, options);
+    w->PrintResult([&options](const PrintJob& job) { WritePdfIfAsked(options, job); });
     return FinishReportRun(options, dialogs, w->Command2, "票据核对表导出成功！");
 }
 

@@ -3,11 +3,13 @@
 // the tests drive. Report windows derive from it and declare their controls as members.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
 #include "controls/control.h"
 #include "controls/event.h"
+#include "controls/print_job.h"
 
 namespace quillon {
 
@@ -60,6 +62,10 @@ public:
     bool Close();
     // Unload from code (Command1 "退出", cmdOK): no question asked.
     void Unload();
+
+    // The window's result as it prints: calls print once, while the grid holds every row the
+    // pages show, and returns true; a window without a result grid returns false untouched.
+    virtual bool PrintResult(const std::function<void(const PrintJob&)>& /*print*/) { return false; }
 
     Event<Aspect> Changed; // Caption, Geometry, Visible, ZOrder, WindowState
     Event<> Unloaded;      // the owner drops the instance; the next open makes a fresh one

@@ -43,8 +43,7 @@ void frm部门开票分税率统计表::ExportDeptSummary() {
                        SheetRange period = sheet.Range(3, 1, 3, 4);
                        period.SetMergeCells(true);
                        period.SetHorizontalAlignment(xlLeft);
-                       sheet.Cells(3, 1).SetValue(" 开票日期：" + Format(DTPicker1.Value(), "yyyy-mm-dd") +
-                                                  " 至 " + Format(DTPicker2.Value(), "yyyy-mm-dd"));
+                       sheet.Cells(3, 1).SetValue(PeriodLine());
                        sheet.Range(4, 1, 5, L).SetHorizontalAlignment(xlCenter);
 
                        // Both header rows, widths from each; the second row's widths are the ones that stay.
@@ -99,6 +98,16 @@ void frm部门开票分税率统计表::ExportDeptSummary() {
 
                        Label2.SetVisible(false);
                    });
+}
+
+std::string frm部门开票分税率统计表::PeriodLine() const {
+    return " 开票日期：" + Format(DTPicker1.Value(), "yyyy-mm-dd") + " 至 " +
+           Format(DTPicker2.Value(), "yyyy-mm-dd");
+}
+
+bool frm部门开票分税率统计表::PrintResult(const std::function<void(const PrintJob&)>& print) {
+    print(PrintJob{Label1_0.Caption(), PeriodLine(), &MSFlexGrid1});
+    return true;
 }
 
 } // namespace quillon

@@ -47,6 +47,11 @@ public:
     void Check1_Click();
     void TreeView1_NodeCheck(TreeNode& Node);
 
+    // The printed result: the title band's caption over the grid, the period under it.
+    bool PrintResult(const std::function<void(const PrintJob&)>& print) override;
+    // The workbook's period line: " 开票日期：yyyy-mm-dd 至 yyyy-mm-dd".
+    std::string PeriodLine() const;
+
 protected:
     void Form_Load() override;
     void Form_Resize() override;

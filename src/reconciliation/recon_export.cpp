@@ -95,4 +95,13 @@ void ReconWindow::ExportReconWorkbook() {
         });
 }
 
+bool ReconWindow::PrintResult(const std::function<void(const PrintJob&)>& print) {
+    print(PrintJob{Label1_0.Caption(), PeriodLine(), &MSFlexGrid1});
+    return true;
+}
+
+std::string ReconWindow::PeriodLine() const {
+    return Combo1.Text() + "年 " + Combo2.Text() + "月 至 " + Combo3.Text() + "月";
+}
+
 } // namespace quillon

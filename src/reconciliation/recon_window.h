@@ -54,6 +54,11 @@ public:
     void Command3_Click();
     void Command2_Click();
 
+    // The printed result: the title band's caption over the grid, the period under it.
+    bool PrintResult(const std::function<void(const PrintJob&)>& print) override;
+    // The period as the criteria show it: "2024年 01月 至 12月".
+    std::string PeriodLine() const;
+
     // The columns after the categories, for N categories.
     int SubtotalCol(int n) const { return form_.firstCategoryCol + n; }
     int CollectedCol(int n) const { return form_.firstCategoryCol + n + 1; }

@@ -163,7 +163,12 @@ void frm预开票汇总表::WriteDetailWorkbook() {
 // The old command built these two lines and had no print path; ours previews the summary list
 // under the workbook's title and date line.
 void frm预开票汇总表::PrintSummary() {
-    dialogs_.PrintPreview(PrintJob{SummaryTitle(), SummaryDateLine(), &MSFlexGrid1});
+    PrintResult([this](const PrintJob& job) { dialogs_.PrintPreview(job); });
+}
+
+bool frm预开票汇总表::PrintResult(const std::function<void(const PrintJob&)>& print) {
+    print(PrintJob{SummaryTitle(), SummaryDateLine(), &MSFlexGrid1});
+    return true;
 }
 
 } // namespace quillon

@@ -108,6 +108,8 @@ public:
     // The summary's title and date line, as the workbook and the print preview show them.
     std::string SummaryTitle() const;
     std::string SummaryDateLine() const;
+    // The printed result: the summary grid under its title and date line, as 打印 shows it.
+    bool PrintResult(const std::function<void(const PrintJob&)>& print) override;
 
 protected:
     void Form_Load() override;

@@ -88,6 +88,10 @@ public:
     void Command6_Click();
     void Command2_Click();
 
+    // The printed result: every page's rows in the grid at once, under the title band's caption
+    // and the date range; the grid shows its own page again afterwards, whatever print did.
+    bool PrintResult(const std::function<void(const PrintJob&)>& print) override;
+
 protected:
     // --- what each report does its own way
     // At load, before any item is known.

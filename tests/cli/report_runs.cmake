@@ -37,7 +37,7 @@ foreach(line IN LISTS reports)
   string(REPLACE "|" ";" words "${line}")
   list(GET words 0 report)
   set(extra)
-  if(PDF AND report MATCHES "preinvoice|invoice|parking|summary")
+  if(PDF)
     set(extra --pdf "${WORK}/${report}.pdf")
   endif()
   run_cli(${report} run ${words} --db "${WORK}/demo.db" --tsv "${WORK}/${report}.tsv"
