@@ -35,6 +35,8 @@ public:
     QAction* ActionOf(const std::string& entryName) const;
     // The sub-window drawing an open window; nullptr when it has none.
     FormSubWindow* SubWindowOf(const Form& form) const;
+    // "打印预览…" (Ctrl+P): the result of the window in front, previewed as it prints.
+    QAction* PrintPreviewAction() const { return printPreview_; }
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -46,10 +48,13 @@ private:
     void OnCreated(Form& form);
     void UpdateBackground();
     void ApplyMousePointer(int pointer);
+    void AddPrintPreview();
+    void PreviewActiveWindow();
 
     MDIForm1& mdi_;
     QMdiArea* mdiArea_;
     QWidget* banner_;
+    QAction* printPreview_ = nullptr;
     std::map<std::string, QAction*> actions_;
     std::vector<std::function<void()>> disconnects_;
     QString backgroundFile_;

@@ -98,6 +98,9 @@ public:
     Form& OpenWindow(const std::string& windowName);
 
     void 退出_Click();
+
+    // The dialogs the frame and its windows show their messages and previews through.
+    Dialogs& WindowDialogs() const { return dialogs_; }
     void 联系我们_Click() {}
 
 protected:

@@ -8,9 +8,11 @@
 #include <QAction>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QMenu>
 #include <QMenuBar>
 #include <QPainter>
 
+#include "controls/flex_grid.h"
 #include "controls/screen.h"
 #include "controls/scripted_dialogs.h"
 #include "qt_test_app.h"
@@ -211,6 +213,52 @@ TEST(MainFrame, BusyPointerShowsTheHourglass) {
     EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
     TheScreen().SetMousePointer(kPointerDefault);
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+// A report window reduced to what printing needs of it.
+class PrintableForm : public Form {
+public:
+    PrintableForm() : Form("frm票据核对表", "核对") {}
+    FlexGrid MSFlexGrid1{"MSFlexGrid1"};
+    bool PrintResult(const std::function<void(const PrintJob&)>& print) override {
+        print(PrintJob{"核对表", "2024年 01月 至 12月", &MSFlexGrid1});
+        return true;
+    }
+};
+
+// Ctrl+P previews the window in front; a window without a result grid asks for nothing.
+TEST(MainFrame, PrintPreviewShowsTheResultOfTheWindowInFront) {
+    Framed f;
+    QAction* preview = f.frame->PrintPreviewAction();
+    ASSERT_NE(preview, nullptr);
+    EXPECT_EQ(preview->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_P));
+    QAction* quitMenu = f.frame->ActionOf("退出系统");
+    ASSERT_NE(quitMenu, nullptr);
+    ASSERT_NE(quitMenu->menu(), nullptr);
+    EXPECT_TRUE(quitMenu->menu()->actions().contains(preview));
+    EXPECT_EQ(f.frame->ActionOf("退出")->text(), QString("退出"));
+
+    preview->trigger(); // no window open
+    EXPECT_TRUE(f.dialogs.PrintJobs().empty());
+
+    f.mdi->Windows.Register("frm票据核对表", [](AppSession&, Dialogs&) -> std::unique_ptr<Form> {
+        return std::make_unique<PrintableForm>();
+    });
+    f.Pick("开票票据核对表");
+    f.Pick("停车费明细表"); // a placeholder in front prints nothing
+    preview->trigger();
+    EXPECT_TRUE(f.dialogs.PrintJobs().empty());
+    f.Pick("开票票据核对表");
+    auto* recon = dynamic_cast<PrintableForm*>(f.mdi->Windows.Find("frm票据核对表"));
+    ASSERT_NE(recon, nullptr);
+    preview->trigger();
+    ASSERT_EQ(f.dialogs.PrintJobs().size(), 1u);
+    EXPECT_EQ(f.dialogs.PrintJobs()[0].title, "核对表");
+    EXPECT_EQ(f.dialogs.PrintJobs()[0].grid, &recon->MSFlexGrid1);
+
+    f.Pick("关于软件");
+    preview->trigger();
+    EXPECT_EQ(f.dialogs.PrintJobs().size(), 1u);
 }
 
 } // namespace
