@@ -27,6 +27,7 @@
 #include "qtui/main_frame.h"
 #include "qtui/qt_convert.h"
 #include "qtui/qt_dialogs.h"
+#include "qtui/qt_translations.h"
 #include "qtui/user_action.h"
 #include "shell/app_session.h"
 #include "shell/demo_start.h"
@@ -193,6 +194,8 @@ int Run(QApplication& app) {
 
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
+    if (std::unique_ptr<QTranslator> qtTexts = quillon::LoadQtTranslations())
+        QCoreApplication::installTranslator(qtTexts.release()); // lives as long as the program
     QApplication::setApplicationName(QString::fromUtf8(quillon::kAppName));
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/quillon/icon.png")));
     return quillon::Run(app);
