@@ -208,16 +208,24 @@ void Workbook::SaveAs(std::string_view path) {
     fs::path folder = file.has_parent_path() ? file.parent_path() : fs::path(".");
     if (!fs::is_directory(folder, ec) || fs::is_directory(file, ec)) throw failed();
 
+    // Written beside the target and renamed over it only when complete, so a failed save (a full
+    // disk, a size limit) leaves a workbook already there as it was, and no partial file behind.
+    const fs::path partial = folder / ("." + file.filename().string() + ".saving");
     lxw_workbook_options options{};
     options.constant_memory = LXW_FALSE; // cells are written in any order
-    lxw_workbook* book = workbook_new_opt(target.c_str(), &options);
+    lxw_workbook* book = workbook_new_opt(partial.string().c_str(), &options);
     if (!book) throw failed();
     if (SheetWriter(book, *sheet_).Write() != LXW_NO_ERROR) {
-        lxw_workbook_free(book); // nothing written to the target
+        lxw_workbook_free(book); // nothing written yet
         throw failed();
     }
-    // Writes the file (over an existing one) and frees the workbook in every case.
-    if (workbook_close(book) != LXW_NO_ERROR) throw failed();
+    // Writes the file and frees the workbook in every case.
+    const bool written = workbook_close(book) == LXW_NO_ERROR;
+    if (written) fs::rename(partial, file, ec);
+    if (!written || ec) {
+        fs::remove(partial, ec);
+        throw failed();
+    }
 }
 
 } // namespace quillon

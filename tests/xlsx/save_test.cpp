@@ -1,7 +1,15 @@
 // Workbooks saved through libxlsxwriter and read back from the file: values and types,
 // merges, formats, widths, rows, file names and failures.
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -12,6 +20,11 @@
 
 namespace quillon {
 namespace {
+
+std::string ReadAll(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
 
 namespace xr = xlsxread;
 namespace fs = std::filesystem;
@@ -236,6 +249,43 @@ TEST_F(SaveAs, DefaultExtensionIsAppendedAndAnOldFileOverwrittenSilently) {
     xr::Sheet sheet = xr::ReadXlsx(bare + ".xlsx").First();
     ASSERT_NE(sheet.Find(1, 1), nullptr);
     EXPECT_EQ(sheet.Find(1, 1)->number, 3);
+}
+
+// A save that fails half-way (here the file-size limit, as a full disk would) must leave the good
+// workbook already at the target byte for byte, and nothing else behind.
+TEST_F(SaveAs, AFailedSaveKeepsTheOldWorkbookAndLeavesNoPartialFile) {
+    const std::string target = dir.File("报表.xlsx");
+    ws.Cells(1, 1).SetValue("old");
+    book.SaveAs(target);
+    const std::string before = ReadAll(target);
+    ASSERT_FALSE(before.empty());
+
+    for (int r = 1; r <= 3000; ++r) ws.Cells(r, 2).SetValue("行 " + std::to_string(r) + " 的一段较长的文字");
+    const pid_t child = fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        std::signal(SIGXFSZ, SIG_IGN); // a write past the limit fails instead of ending the process
+        const rlimit limit{4096, 4096};
+        setrlimit(RLIMIT_FSIZE, &limit);
+        try {
+            book.SaveAs(target);
+        } catch (const VbError& e) {
+            _exit(e.Number == 1004 ? 0 : 2);
+        }
+        _exit(3); // saved in spite of the limit
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    ASSERT_TRUE(WIFEXITED(status));
+    EXPECT_EQ(WEXITSTATUS(status), 0) << "the save must fail with error 1004";
+    EXPECT_EQ(ReadAll(target), before) << "the old workbook stays as it was";
+    std::vector<std::string> left;
+    for (const auto& entry : fs::directory_iterator(dir.Path()))
+        left.push_back(entry.path().filename().string());
+    EXPECT_EQ(left, std::vector<std::string>{"报表.xlsx"});
+
+    book.SaveAs(target); // without the limit it goes through, replacing the old one
+    EXPECT_NE(ReadAll(target), before);
 }
 
 TEST_F(SaveAs, FailureRaisesNumberAndDescription) {
