@@ -2,36 +2,13 @@
 // otherwise only show as wrong figures on a real server.
 #include <gtest/gtest.h>
 
-#include "controls/flex_grid.h"
-#include "controls/scripted_dialogs.h"
-#include "controls/text_box.h"
 #include "invoice/invoice_window.h"
+#include "support/split_fixture.h"
 
 namespace quillon {
 namespace {
 
-class InvoiceStatements : public ::testing::Test {
-protected:
-    void SetUp() override { split.InitGrid(); }
-    FlexGrid grid;
-    TextBox box;
-    ScriptedDialogs dialogs;
-    SplitRatioTable split{grid, box, dialogs};
-    const ChargeItem parking{.CodeLiteral = "'P1'",
-                             .ColumnName = "停车费月租",
-                             .TaxRate = 0.09,
-                             .Category = "停车服务",
-                             .TaxColumnName = "停车费月租税额"};
-    const ChargeItem fund{
-        .CodeLiteral = "'WX'", .ColumnName = "维修基金", .Category = "代收", .TaxColumnName = "维修基金税额"};
-    const ChargeItem ordinary{.CodeLiteral = "'WY'",
-                              .ColumnName = "物业管理费住宅",
-                              .TaxRate = 0.06,
-                              .Category = "物业",
-                              .TaxColumnName = "物业管理费住宅税额"};
-};
-
-TEST_F(InvoiceStatements, ChargeItemAndExchangedNumberQueries) {
+TEST(InvoiceStatements, ChargeItemAndExchangedNumberQueries) {
     EXPECT_EQ(
         InvoiceChargeItemQuery("20240301", "20240331", "0101"),
         "Select distinct 收费项目代号, setupsfxm.税率,XM , 收费类别,显示名称 "
@@ -51,11 +28,10 @@ TEST_F(InvoiceStatements, ChargeItemAndExchangedNumberQueries) {
               "'20240301' And '20240331' And CONVERT(char(8),开票日期,112)<CONVERT(char(8),收款日期,112)))");
 }
 
-TEST_F(InvoiceStatements, InvoiceDetailQueryWithTwoItems) {
-    const ChargeItemColumns items = {parking, ordinary};
-    split.FillSplitRatioTable(items);
+TEST(InvoiceStatements, InvoiceDetailQueryWithTwoItems) {
+    SplitFixture f({kMonthlyParking, kManagementFee});
     EXPECT_EQ(
-        InvoiceDetailQuery(items, split, "20240301", "20240331", "0101", "'01','02'"),
+        InvoiceDetailQuery(f.items, f.split, "20240301", "20240331", "0101", "'01','02'"),
         "Select 票据.票据编号 ,票据.入库单编号 , 票据类型.票据类型 ,开票日期, 收款日期, 作废日期, "
         "票据.金额, 收款方式, 付款人, 地址, 票据.被换票票据编号  , 票据.内换日期, 票据.内换票据编号 "
         " ,B1.停车费月租KFS ,B1.停车费月租WY , B1.停车费月租税额 ,B2.物业管理费住宅 , "
@@ -124,11 +100,10 @@ TEST_F(InvoiceStatements, InvoiceDetailQueryWithTwoItems) {
         "And 被换票票据编号 is not null Order by 票据.开票日期,票据编号");
 }
 
-TEST_F(InvoiceStatements, FundInvoiceQueryGivesTheFundItemItsOwnHead) {
-    const ChargeItemColumns items = {parking, fund, ordinary};
-    split.FillSplitRatioTable(items);
+TEST(InvoiceStatements, FundInvoiceQueryGivesTheFundItemItsOwnHead) {
+    SplitFixture f({kMonthlyParking, kFundItem, kManagementFee});
     EXPECT_EQ(
-        FundInvoiceQuery(items, split, "20240301", "20240331", "0101", "'01','02'"),
+        FundInvoiceQuery(f.items, f.split, "20240301", "20240331", "0101", "'01','02'"),
         "Select 票据.票据编号 ,票据.入库单编号 , 票据类型.票据类型 ,开票日期, 收款日期, 作废日期, "
         "票据.金额, 收款方式, 付款人, 地址, 票据.被换票票据编号  ,B1.停车费月租KFS ,B1.停车费月租WY "
         ", B1.停车费月租税额 ,B2.维修基金 , B2.维修基金税额 ,B3.物业管理费住宅 , B3.物业管理费住宅税额 "

@@ -2,10 +2,8 @@
 // would otherwise only show as wrong figures on a real server.
 #include <gtest/gtest.h>
 
-#include "controls/flex_grid.h"
-#include "controls/scripted_dialogs.h"
-#include "controls/text_box.h"
 #include "parking/parking_window.h"
+#include "support/split_fixture.h"
 
 namespace quillon {
 namespace {
@@ -22,28 +20,11 @@ TEST(ParkingStatements, ChargeItemQueryTakesParkingItemsInvoicedInTheRange) {
 }
 
 TEST(ParkingStatements, DetailQueryWithTwoItemsSplitDifferently) {
-    FlexGrid grid;
-    TextBox box;
-    ScriptedDialogs dialogs;
-    SplitRatioTable split(grid, box, dialogs);
-    split.InitGrid();
-    const ChargeItemColumns items = {
-        {.CodeLiteral = "'P1'",
-         .ColumnName = "停车费月租",
-         .TaxRate = 0.09,
-         .Category = "停车服务",
-         .TaxColumnName = "停车费月租税额"},
-        {.CodeLiteral = "'P2'",
-         .ColumnName = "临时停车费",
-         .TaxRate = 0.03,
-         .Category = "临时停车",
-         .TaxColumnName = "临时停车费税额"},
-    };
-    split.FillSplitRatioTable(items);
-    grid.SetTextMatrix(2, kSplitPropertyCol, "33.5");
+    SplitFixture f({kMonthlyParking, kShortStayParking});
+    f.grid.SetTextMatrix(2, kSplitPropertyCol, "33.5");
 
     // The share multiplies each line inside the sum; the bills go by their collection date.
-    EXPECT_EQ(ParkingDetailQuery(items, split, "20240301", "20240331", "0104"),
+    EXPECT_EQ(ParkingDetailQuery(f.items, f.split, "20240301", "20240331", "0104"),
               "Select 票据.票据编号 ,票据.入库单编号 ,  收款日期, 票据.金额, 收款方式, 交易订单号  "
               ",B1.停车费月租KFS ,B1.停车费月租WY , B1.停车费月租税额 ,B2.临时停车费KFS "
               ",B2.临时停车费WY , B2.临时停车费税额 From 票据 inner join 票据入库单 on "

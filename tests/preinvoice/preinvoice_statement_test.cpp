@@ -2,10 +2,8 @@
 // would otherwise only show as wrong figures on a real server.
 #include <gtest/gtest.h>
 
-#include "controls/flex_grid.h"
-#include "controls/scripted_dialogs.h"
-#include "controls/text_box.h"
 #include "preinvoice/preinvoice_window.h"
+#include "support/split_fixture.h"
 
 namespace quillon {
 namespace {
@@ -26,28 +24,11 @@ TEST(PreInvoiceStatements, ChargeItemQuery) {
 }
 
 TEST(PreInvoiceStatements, BillDetailQueryWithAParkingAndAnOrdinaryItem) {
-    FlexGrid grid;
-    TextBox box;
-    ScriptedDialogs dialogs;
-    SplitRatioTable split(grid, box, dialogs);
-    split.InitGrid();
-    const ChargeItemColumns items = {
-        {.CodeLiteral = "'P1'",
-         .ColumnName = "停车费月租",
-         .TaxRate = 0.09,
-         .Category = "停车服务",
-         .TaxColumnName = "停车费月租税额"},
-        {.CodeLiteral = "'WY'",
-         .ColumnName = "物业管理费住宅",
-         .TaxRate = 0.06,
-         .Category = "物业",
-         .TaxColumnName = "物业管理费住宅税额"},
-    };
-    split.FillSplitRatioTable(items);
-    grid.SetTextMatrix(1, kSplitPropertyCol, "33.5");
+    SplitFixture f({kMonthlyParking, kManagementFee});
+    f.grid.SetTextMatrix(1, kSplitPropertyCol, "33.5");
 
     EXPECT_EQ(
-        PreInvoiceBillDetailQuery(items, split, "20240101", "20240331", "0101", "'01','02'"),
+        PreInvoiceBillDetailQuery(f.items, f.split, "20240101", "20240331", "0101", "'01','02'"),
         "Select 票据.票据编号 ,票据.入库单编号 , 票据类型.票据类型 ,开票日期, 收款日期, 作废日期, 票据.金额, "
         "收款方式, 付款人, 地址,  内换日期 ,被换票票据编号 ,B1.停车费月租KFS ,B1.停车费月租WY , "
         "B1.停车费月租税额 "
