@@ -68,13 +68,14 @@ std::string frm票据开票明细表New::ChargeItemQuery() const {
     return InvoiceChargeItemQuery(StartText(), EndText(), DeptCode);
 }
 
-void frm票据开票明细表New::OnChargeItemExtracted(const ChargeItem& item) {
-    if (ChargeItems.size() == 1) HasFundItem = false;
-    if (item.ColumnName == "维修资金" || item.ColumnName == "维修基金") HasFundItem = true;
+bool frm票据开票明细表New::HasFundItem() const {
+    for (const ChargeItem& item : ChargeItems)
+        if (item.ColumnName == "维修资金" || item.ColumnName == "维修基金") return true;
+    return false;
 }
 
 bool frm票据开票明细表New::RunReportQuery() {
-    return HasFundItem ? RunFundInvoiceQuery(DeptCode, OfficeCode) : RunInvoiceQuery(DeptCode, OfficeCode);
+    return HasFundItem() ? RunFundInvoiceQuery(DeptCode, OfficeCode) : RunInvoiceQuery(DeptCode, OfficeCode);
 }
 
 void frm票据开票明细表New::DropResultRows() {

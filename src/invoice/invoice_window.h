@@ -62,7 +62,8 @@ class frm票据开票明细表New : public DetailReportForm {
 public:
     frm票据开票明细表New(AppSession& session, Dialogs& dialogs);
 
-    bool HasFundItem = false;
+    // A maintenance fund among the items of the last extraction decides the form of the run.
+    bool HasFundItem() const;
     std::string ExchangedNumbers;
     // Slot 0 stays empty; no list before the first run.
     std::optional<std::vector<InvoiceRow>> ResultRows;
@@ -73,7 +74,6 @@ protected:
     void InitGridHeader() override;
     void BuildChargeItemColumns() override;
     std::string ChargeItemQuery() const override;
-    void OnChargeItemExtracted(const ChargeItem& item) override;
     bool RunReportQuery() override;
     void DropResultRows() override;
     std::optional<int> ResultRowCount() const override;

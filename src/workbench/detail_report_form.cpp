@@ -179,10 +179,7 @@ void DetailReportForm::ExtractChargeItems() {
     Recordset rs = conn.OpenRecordset(ChargeItemQuery());
     // Emptied only once the statement has opened: a failed extraction keeps the items it had.
     ChargeItems.clear();
-    for (; !rs.Eof(); rs.MoveNext()) {
-        ChargeItems.push_back(ReadChargeItem(rs));
-        OnChargeItemExtracted(ChargeItems.back());
-    }
+    for (; !rs.Eof(); rs.MoveNext()) ChargeItems.push_back(ReadChargeItem(rs));
     SplitTable.FillSplitRatioTable(ChargeItems);
     if (!ChargeItems.empty()) BuildChargeItemColumns();
 }

@@ -100,8 +100,6 @@ protected:
     virtual void BuildChargeItemColumns() = 0;
     // The statement that finds the period's charge items.
     virtual std::string ChargeItemQuery() const = 0;
-    // Called for each item as the extraction appends it.
-    virtual void OnChargeItemExtracted(const ChargeItem&) {}
     // Runs the report's statement into a new ResultRows; true when rows were found. A failure
     // propagates; the run then calls DropResultRows.
     virtual bool RunReportQuery() = 0;

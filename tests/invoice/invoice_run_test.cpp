@@ -11,7 +11,7 @@ TEST_F(InvoiceTest, UnionFormFlagsEveryKindOfBill) {
     frm票据开票明细表New& w = Open();
     Extract();
     ASSERT_TRUE(w.Command6.Enabled());
-    EXPECT_FALSE(w.HasFundItem);
+    EXPECT_FALSE(w.HasFundItem());
     // Changed after the extraction: the money follows, the captions keep 70 and 30.
     Split("P1", "60", "40");
     w.Command6.Click();
@@ -56,7 +56,7 @@ TEST_F(InvoiceTest, FundFormKeepsExchangedBillsAndPutsAllElectricUnderReceipts) 
     db.Invoice(Bill("ZY", "Z009", "2024-03-20", "2024-03-20", {.item = "WX", .amount = 1000, .rate = 0}));
     frm票据开票明细表New& w = Open();
     Extract();
-    ASSERT_TRUE(w.HasFundItem);
+    ASSERT_TRUE(w.HasFundItem());
     w.Command6.Click();
 
     EXPECT_EQ(Messages(), Lines{});
