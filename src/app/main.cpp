@@ -2,7 +2,8 @@
 // database once in the user's data folder and starts on it. For scripted runs (screenshots):
 // --open ENTRY (menu entry, repeatable), --menu ENTRY (leave a top menu open),
 // --size WIDTHxHEIGHT, --do STEP (repeatable: a step on the window in front, see
-// script_steps.h), --screenshot FILE (save the screen and end).
+// script_steps.h), --screenshot FILE (save the screen and end); --help and --version are answered
+// before Qt starts (program_help.h).
 #include <QApplication>
 #include <QFontDatabase>
 #include <QFontMetrics>
@@ -16,10 +17,12 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <vector>
 
+#include "app/program_help.h"
 #include "app/report_windows.h"
 #include "app/script_steps.h"
 #include "controls/text_width.h"
@@ -30,6 +33,7 @@
 #include "qtui/qt_translations.h"
 #include "qtui/user_action.h"
 #include "shell/app_session.h"
+#include "shell/art_folder.h"
 #include "shell/demo_start.h"
 #include "shell/main_window.h"
 #include "shell/startup.h"
@@ -47,11 +51,8 @@ struct Options {
     int height = 720;
 };
 
-[[noreturn]] void Usage(const char* problem) {
-    std::fprintf(stderr,
-                 "quillon: %s\nusage: quillon [--demo] [--open ENTRY]... [--do STEP]... [--menu ENTRY] "
-                 "[--size WIDTHxHEIGHT] [--screenshot FILE]\n",
-                 problem);
+[[noreturn]] void Usage(const std::string& problem) {
+    std::fprintf(stderr, "quillon: %s\nTry 'quillon --help'.\n", problem.c_str());
     std::exit(2);
 }
 
@@ -60,7 +61,7 @@ Options ParseOptions(const QStringList& args) {
     for (qsizetype i = 1; i < args.size(); ++i) {
         const QString& arg = args[i];
         auto value = [&]() -> std::string {
-            if (i + 1 >= args.size()) Usage("an option lacks its value");
+            if (i + 1 >= args.size()) Usage("option " + ToUtf8(arg) + " needs a value");
             return ToUtf8(args[++i]);
         };
         if (arg == "--demo") {
@@ -79,7 +80,7 @@ Options ParseOptions(const QStringList& args) {
             options.width = parts[0].toInt();
             options.height = parts[1].toInt();
         } else {
-            Usage("unknown option");
+            Usage("unknown option " + ToUtf8(arg));
         }
     }
     return options;
@@ -175,7 +176,9 @@ int Run(QApplication& app) {
     std::unique_ptr<MDIForm1> mdi;
     std::unique_ptr<MainFrame> frame;
     const bool started = Main(session, dialogs, *settings, [&] {
-        mdi = std::make_unique<MDIForm1>(session, dialogs, ToUtf8(QCoreApplication::applicationDirPath()));
+        const std::filesystem::path programFolder = ToUtf8(QCoreApplication::applicationDirPath());
+        mdi = std::make_unique<MDIForm1>(session, dialogs,
+                                         FindArtFolder(programFolder, QUILLON_INSTALLED_ART).string());
         RegisterReportWindows(*mdi);
         frame = std::make_unique<MainFrame>(*mdi, QPixmap(QStringLiteral(":/quillon/banner.png")));
         frame->resize(options.width, options.height);
@@ -193,6 +196,7 @@ int Run(QApplication& app) {
 } // namespace quillon
 
 int main(int argc, char** argv) {
+    if (const auto status = quillon::AnswerHelpOrVersion(argc, argv)) return *status;
     QApplication app(argc, argv);
     if (std::unique_ptr<QTranslator> qtTexts = quillon::LoadQtTranslations())
         QCoreApplication::installTranslator(qtTexts.release()); // lives as long as the program

@@ -4,6 +4,7 @@
 
 #include "base/date_time.h"
 #include "controls/check_box.h"
+#include "controls/combo_box.h"
 #include "controls/command_button.h"
 #include "controls/date_picker.h"
 #include "controls/flex_grid.h"
@@ -37,6 +38,10 @@ std::string RunScriptStep(Form& form, const std::string& step) {
                     return "";
                 }
             return "no entry " + arg;
+        }
+        if (auto* combo = dynamic_cast<ComboBox*>(control)) {
+            combo->SetText(arg); // typed, as the year and month boxes take any text
+            return "";
         }
         if (auto* picker = dynamic_cast<DatePicker*>(control)) {
             const auto date = DateTime::ParseIso(arg);

@@ -12,7 +12,7 @@ class Form;
 // One step, by the control's name:
 //   NAME            click a button, an image or a check box
 //   NAME=TEXT       a list: select the first entry that starts with TEXT; a date picker: the
-//                   date YYYY-MM-DD; a text box: its text
+//                   date YYYY-MM-DD; a text box or a combo box: its text
 //   NAME@ROW,COL    click a grid cell
 //   NAME#KEY        press a key in a text box (13 is Enter)
 // Gives an error text, empty when the step was done.

@@ -1,46 +1,54 @@
 // quillon-cli run REPORT …: drives a report window as a user would and prints its grid.
 #include <cstdio>
 #include <iostream>
-#include <map>
 
 #include "base/date_time.h"
 #include "cli/cli_commands.h"
+#include "cli/console_dialogs.h"
 #include "cli/grid_tsv.h"
+#include "cli/report_list.h"
 #include "cli/run_reports.h"
 #include "controls/command_button.h"
 #include "controls/list_box.h"
 #include "controls/scripted_dialogs.h"
 #include "db/connection.h"
 #include "model/department_catalog.h"
+#include "shell/startup.h"
 
 namespace quillon {
 
-namespace {
-
-using ReportDriver = int (*)(const std::vector<std::string>&);
-
-const std::map<std::string, ReportDriver>& Reports() {
-    static const std::map<std::string, ReportDriver> reports = {
-        {"recon", RunReconReport},     {"deptrate", RunDeptRateReport}, {"preinvoice", RunPreInvoiceReport},
-        {"parking", RunParkingReport}, {"invoice", RunInvoiceReport},   {"summary", RunSummaryReport},
-    };
-    return reports;
+CliOptions ReportOptions(const std::vector<std::string>& args, std::set<std::string> criteria,
+                         const std::set<std::string>& flags) {
+    criteria.insert({"db", "config", "tsv", "xlsx", "pdf", "sql-log"});
+    CliOptions options(args, criteria, flags);
+    if (!options.Positional().empty()) throw UsageError("unexpected '" + options.Positional().front() + "'");
+    if (options.Get("db") && options.Get("config")) throw UsageError("give --db or --config, not both");
+    return options;
 }
 
-} // namespace
-
 ReportSession::ReportSession(const CliOptions& options) {
-    session_.DbConnection = std::make_unique<Connection>();
-    Connection& conn = *session_.DbConnection;
-    session_.ConnectionText = "Provider=SQLite;Data Source='" + options.Require("db") + "'";
-    conn.ConnectionString = session_.ConnectionText;
+    if (auto db = options.Get("db")) {
+        session_.DbConnection = std::make_unique<Connection>();
+        session_.ConnectionText = "Provider=SQLite;Data Source='" + *db + "'";
+        session_.DbConnection->ConnectionString = session_.ConnectionText;
+        session_.DbConnection->Open();
+    } else {
+        // As the program starts: the settings store's connection, its messages on failure.
+        const auto config = options.Get("config");
+        IniSettingsStore store(config ? std::filesystem::path(*config) : UserConfigRoot());
+        ConsoleDialogs dialogs;
+        if (!Main(session_, dialogs, store, [] {}))
+            throw std::runtime_error("no connection with the settings of " +
+                                     store.FileFor(kAppName).string());
+    }
     if (auto path = options.Get("sql-log")) {
         sqlLog_ = std::make_shared<std::ofstream>(*path, std::ios::out | std::ios::trunc);
         if (!*sqlLog_) throw std::runtime_error("cannot write " + *path);
         auto log = sqlLog_;
-        conn.OnStatement = [log](const std::string& sql) { *log << sql << '\n' << std::flush; };
+        session_.DbConnection->OnStatement = [log](const std::string& sql) {
+            *log << sql << '\n' << std::flush;
+        };
     }
-    conn.Open();
 }
 
 DateTime RequireDate(const CliOptions& options, const std::string& name) {
@@ -86,15 +94,30 @@ int FinishReportRun(const CliOptions& options, ScriptedDialogs& dialogs, Command
 }
 
 int RunRunCommand(const std::vector<std::string>& args) {
-    if (args.empty()) throw UsageError("run needs a report name");
-    auto report = Reports().find(args[0]);
-    if (report == Reports().end()) {
-        std::string names;
-        for (const auto& [name, driver] : Reports()) names += (names.empty() ? "" : ", ") + name;
-        throw UsageError("unknown report '" + args[0] + "' (reports: " + names + ")");
+    if (!args.empty() && (args[0] == "--help" || args[0] == "-h")) {
+        std::fputs(ProgramUsage().c_str(), stdout);
+        return 0;
     }
+    const ReportEntry* report = args.empty() ? nullptr : FindReport(args[0]);
+    if (!report) {
+        std::string names;
+        for (const ReportEntry& entry : ReportEntries())
+            names += (names.empty() ? "" : ", ") + std::string(entry.name);
+        throw UsageError((args.empty() ? "name a report" : "unknown report '" + args[0] + "'") +
+                         " (reports: " + names + ")");
+    }
+    const std::vector<std::string> rest(args.begin() + 1, args.end());
+    for (const std::string& arg : rest)
+        if (arg == "--help" || arg == "-h") {
+            std::fputs(ReportUsage(*report).c_str(), stdout);
+            return 0;
+        }
     try {
-        return report->second(std::vector<std::string>(args.begin() + 1, args.end()));
+        return report->driver(rest);
+    } catch (const UsageError& e) {
+        std::fprintf(stderr, "quillon-cli run %s: %s\nTry 'quillon-cli run %s --help'.\n", report->name,
+                     e.what(), report->name);
+        return 2;
     } catch (const RuntimeErrorRaised& e) {
         // Where the program itself would end with the platform's error report.
         std::fprintf(stderr, "[运行时错误] %s\n", e.what());

@@ -16,9 +16,8 @@ constexpr const char* kExported = "汇总表导出成功！";
 } // namespace
 
 int RunDeptRateReport(const std::vector<std::string>& args) {
-    CliOptions options(args, {"db", "depts", "start", "end", "tsv", "xlsx", "pdf", "sql-log"}, {"all"});
+    const CliOptions options = ReportOptions(args, {"depts", "start", "end"}, {"all"});
     const bool all = options.Has("all");
-    if (!options.Positional().empty()) throw UsageError("unexpected '" + options.Positional().front() + "'");
     const auto depts = options.Get("depts");
     if (all == depts.has_value()) throw UsageError("give either --depts CODE[,CODE…] or --all");
     const DateTime start = RequireDate(options, "start");

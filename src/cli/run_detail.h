@@ -35,9 +35,7 @@ void WriteDetailPdf(DetailReportForm& w, const CliOptions& options);
 
 // The driver of every detail window; Window is constructed from the session and the dialogs.
 template <typename Window> int RunDetailReport(const std::vector<std::string>& args) {
-    CliOptions options(args,
-                       {"db", "dept", "office", "from", "to", "split", "tsv", "xlsx", "pdf", "sql-log"});
-    if (!options.Positional().empty()) throw UsageError("unexpected '" + options.Positional().front() + "'");
+    const CliOptions options = ReportOptions(args, {"dept", "office", "from", "to", "split"});
     const std::string dept = options.Require("dept");
     const auto office = options.Get("office");
     const DateTime from = RequireDate(options, "from");

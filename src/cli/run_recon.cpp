@@ -12,9 +12,7 @@
 namespace quillon {
 
 int RunReconReport(const std::vector<std::string>& args) {
-    CliOptions options(
-        args, {"db", "form", "dept", "office", "year", "from", "to", "tsv", "xlsx", "pdf", "sql-log"});
-    if (!options.Positional().empty()) throw UsageError("unexpected '" + options.Positional().front() + "'");
+    const CliOptions options = ReportOptions(args, {"form", "dept", "office", "year", "from", "to"});
     const std::string form = options.Require("form");
     if (form != "票据核对表" && form != "票据核对表New")
         throw UsageError("--form is 票据核对表 or 票据核对表New");

@@ -6,6 +6,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -28,8 +29,16 @@ int RunParkingReport(const std::vector<std::string>& args);
 int RunInvoiceReport(const std::vector<std::string>& args);
 int RunSummaryReport(const std::vector<std::string>& args);
 
-// The session a report runs in: the database file opened through the embedded engine, and
-// every statement sent written to --sql-log when it is given (one statement a line).
+// A report's options: its criteria and flags, and the options every report takes (--db,
+// --config, --tsv, --xlsx, --pdf, --sql-log). Throws UsageError for anything else, for a word
+// that is no option, and for --db with --config.
+CliOptions ReportOptions(const std::vector<std::string>& args, std::set<std::string> criteria,
+                         const std::set<std::string>& flags = {});
+
+// The session a report runs in: with --db FILE that file through the embedded engine, else the
+// connection the settings store names (--config DIR, else the user's), opened as the program's
+// start opens it, with its messages on stderr; std::runtime_error when it fails. Every statement
+// sent is written to --sql-log when it is given (one statement a line).
 class ReportSession {
 public:
     explicit ReportSession(const CliOptions& options);

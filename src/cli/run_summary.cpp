@@ -37,10 +37,8 @@ void TickOffices(frm预开票汇总表& w, const std::string& codes) {
 } // namespace
 
 int RunSummaryReport(const std::vector<std::string>& args) {
-    CliOptions options(args, {"db", "offices", "from", "to", "detail", "tsv", "xlsx", "pdf", "sql-log"},
-                       {"all"});
+    const CliOptions options = ReportOptions(args, {"offices", "from", "to", "detail"}, {"all"});
     const bool all = options.Has("all");
-    if (!options.Positional().empty()) throw UsageError("unexpected '" + options.Positional().front() + "'");
     const auto offices = options.Get("offices");
     if (all == offices.has_value()) throw UsageError("give either --offices CODE[,CODE…] or --all");
     const DateTime first = RequireDate(options, "from");

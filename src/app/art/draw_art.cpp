@@ -1,6 +1,9 @@
 // draw_art.cpp — build tool: draws the program's art with QPainter, so that no picture is taken
-// from elsewhere: the banner bitmap of the main window and the background picture MDI.BMP.
-// Usage: quillon-art BANNER.png ICON.png MDI.BMP
+// from elsewhere: the banner bitmap of the main window, the background picture MDI.BMP and the
+// icon, the latter also in the sizes desktops ask for, laid out as an icon theme folder
+// (HICOLOR/NxN/apps/quillon.png).
+// Usage: quillon-art BANNER.png ICON.png MDI.BMP [HICOLOR]
+#include <QDir>
 #include <QFont>
 #include <QGuiApplication>
 #include <QImage>
@@ -100,12 +103,14 @@ QImage DrawBanner() {
     return image;
 }
 
-// The windows' icon: the mark on the banner's blue.
-QImage DrawIcon() {
-    QImage image(64, 64, QImage::Format_ARGB32_Premultiplied);
+// The windows' icon: the mark on the banner's blue. Drawn on a 64-pixel grid and scaled, so every
+// size is drawn, not resampled.
+QImage DrawIcon(int size = 64) {
+    QImage image(size, size, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     QPainter p(&image);
     p.setRenderHint(QPainter::Antialiasing);
+    p.scale(size / 64.0, size / 64.0);
     QLinearGradient sky(0, 0, 0, 64);
     sky.setColorAt(0.0, kSea);
     sky.setColorAt(1.0, kDeep);
@@ -154,8 +159,8 @@ QImage DrawBackground() {
 
 int main(int argc, char** argv) {
     QGuiApplication app(argc, argv);
-    if (argc != 4) {
-        std::fprintf(stderr, "usage: quillon-art BANNER.png ICON.png MDI.BMP\n");
+    if (argc != 4 && argc != 5) {
+        std::fprintf(stderr, "usage: quillon-art BANNER.png ICON.png MDI.BMP [HICOLOR]\n");
         return 2;
     }
     const struct {
@@ -168,6 +173,17 @@ int main(int argc, char** argv) {
         if (!picture.image.save(QString::fromLocal8Bit(picture.file), picture.format)) {
             std::fprintf(stderr, "quillon-art: cannot write %s\n", picture.file);
             return 1;
+        }
+    }
+    if (argc == 5) {
+        // The sizes of the hicolor theme that menus, docks and launchers look for.
+        for (int size : {16, 22, 24, 32, 48, 64, 128, 256}) {
+            const QString folder =
+                QStringLiteral("%1/%2x%2/apps").arg(QString::fromLocal8Bit(argv[4])).arg(size);
+            if (!QDir().mkpath(folder) || !DrawIcon(size).save(folder + "/quillon.png", "PNG")) {
+                std::fprintf(stderr, "quillon-art: cannot write the %d-pixel icon under %s\n", size, argv[4]);
+                return 1;
+            }
         }
     }
     return 0;
