@@ -7,7 +7,8 @@
 #   tools/screenshot.sh build docs/pictures main parking invoice-detail preinvoice-detail \
 #       reconciliation deptrate preinvoice-summary
 # The demo database goes to a temporary data folder, so the user's own is left alone. The runs
-# name their year (2025) rather than rely on the demo's range.
+# name their year (2025) rather than rely on the demo's range. With pngquant installed the
+# pictures are made smaller.
 set -eu
 
 build=${1:-build-qt}
@@ -27,6 +28,10 @@ shot() {
     shift
     case ${wanted:-all} in all | *" $name "*) ;; *) return 0 ;; esac
     xvfb-run -a -s "-screen 0 1280x800x24" "$exe" --demo --size 1100x720 --screenshot "$out/$name.png" "$@"
+    # A palette of 256 colours keeps a window picture a third of its size, with no visible change.
+    if command -v pngquant >/dev/null; then
+        pngquant --force --skip-if-larger --strip --quality 80-100 --output "$out/$name.png" "$out/$name.png" || :
+    fi
     echo "$out/$name.png"
 }
 
