@@ -11,6 +11,9 @@ bool IsBlank(char c) {
 bool IsDigit(char c) {
     return c >= '0' && c <= '9';
 }
+bool IsHexDigit(char c) {
+    return IsDigit(c) || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
+}
 // Bytes of multi-byte UTF-8 characters count as letters: Chinese names are plain words.
 bool IsWordStart(char c) {
     auto u = static_cast<unsigned char>(c);
@@ -45,7 +48,9 @@ std::vector<SqlToken> TokenizeSql(std::string_view s) {
             while (j < s.size() && IsBlank(s[j])) ++j;
             push(SqlTokenKind::Blank, j);
         } else if (c == '-' && j < s.size() && s[j] == '-') {
-            while (j < s.size() && s[j] != '\n') ++j;
+            // A lone CR ends the line too: whatever a server takes for a line end, what follows
+            // it is read here as code, never as comment.
+            while (j < s.size() && s[j] != '\n' && s[j] != '\r') ++j;
             push(SqlTokenKind::Comment, j);
         } else if (c == '/' && j < s.size() && s[j] == '*') {
             size_t close = s.find("*/", j + 1);
@@ -70,15 +75,18 @@ std::vector<SqlToken> TokenizeSql(std::string_view s) {
             char close = c == '[' ? ']' : '"';
             while (j < s.size() && s[j] != close) ++j;
             push(SqlTokenKind::QuotedName, j < s.size() ? j + 1 : j);
+        } else if (c == '0' && j < s.size() && (s[j] == 'x' || s[j] == 'X')) {
+            // A binary literal takes its hex digits, as SQL Server reads 0xAINSERT as 0xA INSERT.
+            ++j;
+            while (j < s.size() && IsHexDigit(s[j])) ++j;
+            push(SqlTokenKind::Number, j);
         } else if (IsDigit(c) || (c == '.' && j < s.size() && IsDigit(s[j]))) {
             while (j < s.size() && (IsDigit(s[j]) || s[j] == '.')) ++j;
+            // SQL Server takes "1e" for a float: the word after the E stands on its own.
             if (j < s.size() && (s[j] == 'e' || s[j] == 'E')) {
-                size_t k = j + 1;
-                if (k < s.size() && (s[k] == '+' || s[k] == '-')) ++k;
-                if (k < s.size() && IsDigit(s[k])) {
-                    while (k < s.size() && IsDigit(s[k])) ++k;
-                    j = k;
-                }
+                ++j;
+                if (j + 1 < s.size() && (s[j] == '+' || s[j] == '-') && IsDigit(s[j + 1])) ++j;
+                while (j < s.size() && IsDigit(s[j])) ++j;
             }
             push(SqlTokenKind::Number, j);
         } else if (IsWordStart(c)) {

@@ -5,6 +5,7 @@
 #include <sstream>
 
 #include "db/text_fold.h"
+#include "shell/settings_text.h"
 
 namespace quillon {
 namespace {
@@ -24,8 +25,10 @@ std::filesystem::path EnvOr(const char* var, const char* homeRelative) {
 
 } // namespace
 
-std::map<std::string, std::string> ParseIniSection(std::string_view text, std::string_view section) {
+std::map<std::string, std::string> ParseIniSection(std::string_view bytes, std::string_view section) {
     std::map<std::string, std::string> values;
+    const std::string utf8 = SettingsTextAsUtf8(bytes);
+    std::string_view text = utf8;
     if (text.substr(0, 3) == "\xEF\xBB\xBF") text.remove_prefix(3); // a BOM left by a Windows editor
     bool inSection = false;
     while (!text.empty()) {
@@ -40,6 +43,7 @@ std::map<std::string, std::string> ParseIniSection(std::string_view text, std::s
         size_t eq = line.find('=');
         if (!inSection || eq == line.npos) continue;
         std::string key = FoldedAscii(Trim(line.substr(0, eq)));
+        if (key.empty()) continue;                                              // "=x" names no value
         values.emplace(std::move(key), std::string(Trim(line.substr(eq + 1)))); // first one wins
     }
     return values;

@@ -36,8 +36,9 @@ std::filesystem::path UserConfigRoot();
 // $XDG_DATA_HOME, else ~/.local/share.
 std::filesystem::path UserDataRoot();
 
-// Parses INI text: section and key names match without regard to Latin case, values are
-// taken as they stand after '=' with surrounding blanks removed (no quoting, no escapes).
-std::map<std::string, std::string> ParseIniSection(std::string_view text, std::string_view section);
+// Parses INI text as the file holds it (UTF-8, else GBK; see SettingsTextAsUtf8): section and
+// key names match without regard to Latin case, values are taken as they stand after '=' with
+// surrounding blanks removed (no quoting, no escapes).
+std::map<std::string, std::string> ParseIniSection(std::string_view bytes, std::string_view section);
 
 } // namespace quillon

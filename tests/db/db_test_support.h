@@ -31,6 +31,9 @@ inline void PrintTo(const Value& v, std::ostream* os) {
 
 namespace testing {
 
+// Debian's SQLite ODBC driver (libsqliteodbc): the ODBC backend's tests run through it.
+inline constexpr const char* kSqliteOdbcDriver = "/usr/lib/x86_64-linux-gnu/odbc/libsqlite3odbc.so";
+
 // The DbError `f` raised, or number 0 "no error" when it raised none.
 template <class F> DbError ErrorOf(F f) {
     try {

@@ -15,8 +15,6 @@ namespace {
 using testing::ErrorOf;
 using testing::TempSqliteFile;
 
-constexpr const char* kDriverLibrary = "/usr/lib/x86_64-linux-gnu/odbc/libsqlite3odbc.so";
-
 // The start-up text with the file in place of the catalogue; read-only comes from the URI
 // because this driver ignores SQL_ATTR_ACCESS_MODE.
 std::string AdoText(const std::string& path) {
@@ -42,7 +40,7 @@ std::vector<std::vector<Value>> ReadAll(Cursor& cursor) {
 class OdbcSqlite : public ::testing::Test {
 protected:
     void SetUp() override {
-        if (!std::filesystem::exists(kDriverLibrary))
+        if (!std::filesystem::exists(testing::kSqliteOdbcDriver))
             GTEST_SKIP() << "the SQLite ODBC driver (package libsqliteodbc) is not installed";
         file.Exec("CREATE TABLE 收费明细 (编号 INTEGER, 项目名称 TEXT, 金额 REAL, 税率 NUMERIC(5,2),"
                   " 开票日期 DATE, 收款时间 DATETIME, 备注 TEXT, 笔数 BIGINT);"
@@ -157,7 +155,7 @@ TEST_F(OdbcSqlite, ABadStatementFailsWithTheDriversText) {
 }
 
 TEST(OdbcSqliteOpen, FailsWithTheDriversOrManagersText) {
-    if (!std::filesystem::exists(kDriverLibrary))
+    if (!std::filesystem::exists(testing::kSqliteOdbcDriver))
         GTEST_SKIP() << "the SQLite ODBC driver (package libsqliteodbc) is not installed";
     struct Case {
         const char* why;

@@ -21,10 +21,26 @@ struct ZipCloser {
 };
 using ZipPtr = std::unique_ptr<zip_t, ZipCloser>;
 
+// Far beyond any part the program writes; a larger size claimed by a damaged archive is refused
+// before it is allocated.
+constexpr zip_uint64_t kMaxPartSize = 64u << 20;
+
+// Excel's last row and column.
+constexpr int kMaxRow = 1048576;
+constexpr int kMaxCol = 16384;
+
+// v.at(index), as the reader fails: a runtime_error naming what the index was for.
+template <typename T> const T& At(const std::vector<T>& v, std::size_t index, const char* what) {
+    if (index >= v.size()) throw std::runtime_error(std::string("no ") + what + " " + std::to_string(index));
+    return v[index];
+}
+
 std::string ReadEntry(zip_t* zip, const std::string& name) {
     zip_stat_t st;
     zip_stat_init(&st);
     if (zip_stat(zip, name.c_str(), 0, &st) != 0) throw std::runtime_error("no part " + name);
+    if (!(st.valid & ZIP_STAT_SIZE) || st.size > kMaxPartSize)
+        throw std::runtime_error("bad size of " + name);
     zip_file_t* file = zip_fopen(zip, name.c_str(), 0);
     if (!file) throw std::runtime_error("cannot open part " + name);
     std::string data(st.size, '\0');
@@ -100,14 +116,14 @@ std::vector<CellFormat> ReadStyles(zip_t* zip, const std::string& part) {
         int numFmtId = xf.attribute("numFmtId").as_int();
         auto custom = numFmts.find(numFmtId);
         f.numberFormat = custom != numFmts.end() ? custom->second : BuiltinFormat(numFmtId);
-        const Font& font = fonts.at(xf.attribute("fontId").as_uint());
+        const Font& font = At(fonts, xf.attribute("fontId").as_uint(), "font");
         f.fontName = font.name;
         f.fontSize = font.size;
         f.bold = font.bold;
-        const auto& fill = fills.at(xf.attribute("fillId").as_uint());
+        const auto& fill = At(fills, xf.attribute("fillId").as_uint(), "fill");
         f.fillPattern = fill.first;
         f.fillColor = fill.first.empty() ? "" : fill.second;
-        const auto& border = borders.at(xf.attribute("borderId").as_uint());
+        const auto& border = At(borders, xf.attribute("borderId").as_uint(), "border");
         f.borderLeft = border[0];
         f.borderTop = border[1];
         f.borderRight = border[2];
@@ -125,38 +141,43 @@ std::vector<CellFormat> ReadStyles(zip_t* zip, const std::string& part) {
 std::pair<int, int> ParseCellRef(const std::string& ref) {
     std::size_t i = 0;
     int col = 0, row = 0;
-    for (; i < ref.size() && ref[i] >= 'A' && ref[i] <= 'Z'; ++i) col = col * 26 + (ref[i] - 'A' + 1);
-    for (; i < ref.size() && ref[i] >= '0' && ref[i] <= '9'; ++i) row = row * 10 + (ref[i] - '0');
-    if (col == 0 || row == 0 || i != ref.size()) throw std::runtime_error("bad cell reference " + ref);
+    for (; i < ref.size() && ref[i] >= 'A' && ref[i] <= 'Z' && col <= kMaxCol; ++i)
+        col = col * 26 + (ref[i] - 'A' + 1);
+    for (; i < ref.size() && ref[i] >= '0' && ref[i] <= '9' && row <= kMaxRow; ++i)
+        row = row * 10 + (ref[i] - '0');
+    if (col == 0 || row == 0 || col > kMaxCol || row > kMaxRow || i != ref.size())
+        throw std::runtime_error("bad cell reference " + ref);
     return {row, col};
 }
 
 Sheet ReadSheet(zip_t* zip, const std::string& part, const std::vector<std::string>& sharedStrings,
                 const std::vector<CellFormat>& formats) {
     Sheet sheet;
-    sheet.defaultFormat = formats.at(0);
+    sheet.defaultFormat = At(formats, 0, "cell format");
     auto doc = ParseXml(zip, part);
     auto ws = doc.child("worksheet");
 
     for (auto col : ws.child("cols").children("col")) {
         Column c{col.attribute("width").as_double(), col.attribute("hidden").as_bool()};
-        for (int i = col.attribute("min").as_int(); i <= col.attribute("max").as_int(); ++i)
-            sheet.columns[i] = c;
+        const int min = col.attribute("min").as_int(), max = col.attribute("max").as_int();
+        if (min < 1 || max > kMaxCol) throw std::runtime_error("bad column range");
+        for (int i = min; i <= max; ++i) sheet.columns[i] = c;
     }
 
     for (auto row : ws.child("sheetData").children("row")) {
         Row& info = sheet.rows[row.attribute("r").as_int()];
         if (row.attribute("customHeight").as_bool()) info.height = row.attribute("ht").as_double();
-        if (row.attribute("customFormat").as_bool()) info.format = formats.at(row.attribute("s").as_uint());
+        if (row.attribute("customFormat").as_bool())
+            info.format = At(formats, row.attribute("s").as_uint(), "cell format");
 
         for (auto c : row.children("c")) {
             Cell cell;
-            cell.format = formats.at(c.attribute("s").as_uint());
+            cell.format = At(formats, c.attribute("s").as_uint(), "cell format");
             std::string t = c.attribute("t").value();
             auto v = c.child("v");
             if (t == "s") {
                 cell.type = CellType::SharedString;
-                cell.text = sharedStrings.at(v.text().as_uint());
+                cell.text = At(sharedStrings, v.text().as_uint(), "shared string");
             } else if (t.empty() || t == "n") {
                 cell.type = v ? CellType::Number : CellType::Empty;
                 cell.number = v.text().as_double();
@@ -192,11 +213,10 @@ CellFormat Sheet::FormatAt(int row, int col) const {
     return defaultFormat;
 }
 
-Book ReadXlsx(const std::string& path) {
-    int error = 0;
-    ZipPtr zip(zip_open(path.c_str(), ZIP_RDONLY, &error));
-    if (!zip) throw std::runtime_error("cannot open " + path + " as a zip archive");
+namespace {
 
+Book ReadBook(zip_t* zipArchive) {
+    ZipPtr zip(zipArchive);
     std::string workbookPart = "xl/workbook.xml";
     for (const auto& [id, rel] : ReadRels(zip.get(), "")) // the package's own relationships
         if (rel.first.ends_with("/officeDocument")) workbookPart = rel.second;
@@ -223,6 +243,28 @@ Book ReadXlsx(const std::string& path) {
         book.sheets.push_back(ReadSheet(zip.get(), rel->second.second, sharedStrings, formats));
     }
     return book;
+}
+
+} // namespace
+
+Book ReadXlsx(const std::string& path) {
+    int error = 0;
+    zip_t* zip = zip_open(path.c_str(), ZIP_RDONLY, &error);
+    if (!zip) throw std::runtime_error("cannot open " + path + " as a zip archive");
+    return ReadBook(zip);
+}
+
+Book ReadXlsxData(std::string_view bytes) {
+    zip_error_t error;
+    zip_error_init(&error);
+    zip_source_t* source = zip_source_buffer_create(bytes.data(), bytes.size(), 0, &error);
+    zip_t* zip = source ? zip_open_from_source(source, ZIP_RDONLY, &error) : nullptr;
+    zip_error_fini(&error);
+    if (!zip) {
+        zip_source_free(source);
+        throw std::runtime_error("not a zip archive");
+    }
+    return ReadBook(zip);
 }
 
 std::vector<Area> Sorted(std::vector<Area> areas) {

@@ -5,6 +5,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -76,5 +77,7 @@ std::vector<std::string> ShownRow(const Sheet& sheet, int row, int lastCol);
 
 // Reads the file; std::runtime_error when it is no readable .xlsx.
 Book ReadXlsx(const std::string& path);
+// The same from the bytes of a file.
+Book ReadXlsxData(std::string_view bytes);
 
 } // namespace quillon::xlsxread

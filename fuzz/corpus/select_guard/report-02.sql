@@ -1,0 +1,1 @@
+Select * From 票据类型  Where 定额=0  And 类别 = '发票' order by 票据类型代号 

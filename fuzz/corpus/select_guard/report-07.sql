@@ -1,0 +1,1 @@
+Select 职能部门new.职能部门编号,职能部门new.职能部门名称,上级部门编号 From 职能部门new  Left Join 上级部门new on 职能部门new.职能部门编号=上级部门new.职能部门编号 Where 职能部门new.终止日期 Is Null  And 上级部门new.终止日期 Is Null order by len(职能部门new.职能部门编号),职能部门new.职能部门编号

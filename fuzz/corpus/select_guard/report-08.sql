@@ -1,0 +1,1 @@
+Select Distinct 税率 From 税控盘收费项目设置 Where 税率 <> 0 Order By 税率

@@ -1,0 +1,1 @@
+Select Sum(票据开票数据.金额) AS 含税金额 ,Sum(票据开票数据.税额) AS 税额 From 票据 Inner Join 票据开票数据 ON 票据.票据编号 = 票据开票数据.票据编号 And 票据.入库单编号=票据开票数据.入库单编号 Where Convert(char(8), 票据.开票日期, 112) Between  '20240101' And '20241231' And 票据.被换票入库单编号 Is Null And 票据.被换票票据编号 Is Null And 票据.作废日期 Is Null And 票据开票数据.税率 = 0.03 And 票据.开票部门编号 = '01'

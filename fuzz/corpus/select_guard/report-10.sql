@@ -1,0 +1,1 @@
+Select * From 票据类型  where 定额=0 order by 票据类型代号 

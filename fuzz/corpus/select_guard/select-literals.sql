@@ -1,0 +1,1 @@
+select N'更新 update; drop' as 说明, [into], "set" from t where a in (select b from t union all select 1) with (nolock)

@@ -1,0 +1,2 @@
+select 1 /* ; */ -- x
+delete from 票据

@@ -1,0 +1,1 @@
+select * from 票据 delete from 票据

@@ -1,0 +1,1 @@
+select 1　delete from 票据

@@ -1,0 +1,1 @@
+select 0xAINSERT 票据 values(1)

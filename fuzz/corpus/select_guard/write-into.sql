@@ -1,0 +1,1 @@
+select * into 备份 from 票据

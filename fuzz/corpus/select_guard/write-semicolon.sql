@@ -1,0 +1,1 @@
+SELECT * FROM 票据; DELETE FROM 票据
