@@ -54,19 +54,26 @@ bool IsIdeograph(char32_t cp) {
 
 // The keyword candidates of a word: its runs of Latin letters, '_' and ideographs. Digits,
 // '@', '#', '$' and every other character (a full-width blank, a broken byte) split it, since
-// a server may read a keyword after any of them.
+// a server may read a keyword after any of them; after such another character a digit begins
+// a number, as it would after a blank ("　0xAINSERT" holds 0xA and INSERT).
 std::vector<std::string_view> KeywordRuns(std::string_view word) {
     std::vector<std::string_view> runs;
     size_t start = 0, i = 0;
+    bool inName = false; // the last character continues a name: a digit here is no number
     auto close = [&](size_t end) {
         if (end > start) runs.push_back(word.substr(start, end - start));
     };
     while (i < word.size()) {
         const char c = word[i];
         const bool latin = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_';
+        const bool digit = c >= '0' && c <= '9';
         auto [cp, length] = DecodeAt(word, i);
-        if (!latin && !IsIdeograph(cp)) {
+        if (latin || IsIdeograph(cp)) {
+            inName = true;
+        } else {
             close(i);
+            if (digit && !inName) length = SqlNumberEnd(word, i) - i;
+            inName = digit || c == '@' || c == '#' || c == '$';
             start = i + length;
         }
         i += length;

@@ -75,20 +75,8 @@ std::vector<SqlToken> TokenizeSql(std::string_view s) {
             char close = c == '[' ? ']' : '"';
             while (j < s.size() && s[j] != close) ++j;
             push(SqlTokenKind::QuotedName, j < s.size() ? j + 1 : j);
-        } else if (c == '0' && j < s.size() && (s[j] == 'x' || s[j] == 'X')) {
-            // A binary literal takes its hex digits, as SQL Server reads 0xAINSERT as 0xA INSERT.
-            ++j;
-            while (j < s.size() && IsHexDigit(s[j])) ++j;
-            push(SqlTokenKind::Number, j);
         } else if (IsDigit(c) || (c == '.' && j < s.size() && IsDigit(s[j]))) {
-            while (j < s.size() && (IsDigit(s[j]) || s[j] == '.')) ++j;
-            // SQL Server takes "1e" for a float: the word after the E stands on its own.
-            if (j < s.size() && (s[j] == 'e' || s[j] == 'E')) {
-                ++j;
-                if (j + 1 < s.size() && (s[j] == '+' || s[j] == '-') && IsDigit(s[j + 1])) ++j;
-                while (j < s.size() && IsDigit(s[j])) ++j;
-            }
-            push(SqlTokenKind::Number, j);
+            push(SqlTokenKind::Number, SqlNumberEnd(s, i));
         } else if (IsWordStart(c)) {
             while (j < s.size() && IsWordPart(s[j])) ++j;
             push(SqlTokenKind::Word, j);
@@ -100,6 +88,24 @@ std::vector<SqlToken> TokenizeSql(std::string_view s) {
         }
     }
     return out;
+}
+
+size_t SqlNumberEnd(std::string_view s, size_t i) {
+    size_t j = i + 1;
+    if (s[i] == '0' && j < s.size() && (s[j] == 'x' || s[j] == 'X')) {
+        // A binary literal takes its hex digits, as SQL Server reads 0xAINSERT as 0xA INSERT.
+        ++j;
+        while (j < s.size() && IsHexDigit(s[j])) ++j;
+        return j;
+    }
+    while (j < s.size() && (IsDigit(s[j]) || s[j] == '.')) ++j;
+    // SQL Server takes "1e" for a float: the word after the E stands on its own.
+    if (j < s.size() && (s[j] == 'e' || s[j] == 'E')) {
+        ++j;
+        if (j + 1 < s.size() && (s[j] == '+' || s[j] == '-') && IsDigit(s[j + 1])) ++j;
+        while (j < s.size() && IsDigit(s[j])) ++j;
+    }
+    return j;
 }
 
 size_t NextSolid(const std::vector<SqlToken>& tokens, size_t i) {

@@ -25,6 +25,10 @@ struct SqlToken {
 // Never fails: an unterminated literal or comment runs to the end of the text.
 std::vector<SqlToken> TokenizeSql(std::string_view sql);
 
+// The end of the number that starts at s[i] (a digit, or a point before one), as SQL Server reads
+// it: digits and points with an exponent ("1e" is a float), or 0x and hex digits.
+size_t SqlNumberEnd(std::string_view s, size_t i);
+
 // Index of the next token at or after i that is not a blank or comment; tokens.size() if none.
 size_t NextSolid(const std::vector<SqlToken>& tokens, size_t i);
 

@@ -65,6 +65,10 @@ const std::vector<Statement>& WritingStatements() {
         {"a write glued to a number", "select 1delete from 票据"},
         {"a write after a float's exponent", "select 1edelete from 票据"},
         {"a write after a binary literal", "select 0xAINSERT 票据 values(1)"},
+        {"a binary literal after a full-width blank", "select 1\u3000"
+                                                      "0xAINSERT 票据 values(1)"},
+        {"a float after a broken character", "select \xe6\x96"
+                                             "1edelete from 票据"},
         {"a second select", "select 1 select 2"},
         {"a second select after a bracket", "select (1) select 2"},
         {"waitfor", "select 1 waitfor delay '00:00:10'"},

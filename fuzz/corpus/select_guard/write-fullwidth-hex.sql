@@ -1,0 +1,1 @@
+select 　0xAInSERT 票据 values(1)
