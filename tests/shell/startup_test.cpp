@@ -48,6 +48,30 @@ TEST(Settings, ValuesBySectionAndNameWithDefaults) {
     EXPECT_EQ(store.GetSetting("Other", "DBConfig", "Svr", "absent"), "absent");
 }
 
+// A settings file saved by a Chinese Windows editor is GBK; bytes that are neither UTF-8 nor GBK
+// still arrive as UTF-8, each shown as U+FFFD.
+TEST(Settings, TextInGbkOrBrokenArrivesAsUtf8) {
+    struct Case {
+        const char* why;
+        std::string file;
+        const char* name;
+    } cases[] = {
+        {"UTF-8 as it stands", "[CompanyName]\nName=某某物业\n", "某某物业"},
+        {"GBK", "[CompanyName]\nName=\xC4\xB3\xC4\xB3\xCE\xEF\xD2\xB5\n", "某某物业"},
+        {"neither",
+         "[CompanyName]\nName=a\xFF\x80"
+         "b\n",
+         "a\uFFFD\uFFFDb"},
+        {"a line with no name is no value", "[CompanyName]\n=x\nName=y\n", "y"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.why);
+        TempSettings settings(c.file);
+        EXPECT_EQ(settings.Store().GetSetting("Quillon", "CompanyName", "Name", "?"), c.name);
+        EXPECT_EQ(ParseIniSection(c.file, "CompanyName").count(""), 0u);
+    }
+}
+
 TEST(Startup, ConnectionTextIsBuiltExactlyAndUnescaped) {
     EXPECT_EQ(
         BuildConnectionText("SQLOLEDB.1", "sa", "p;w", "物业'库", "srv"),
