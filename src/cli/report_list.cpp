@@ -32,7 +32,9 @@ constexpr const char* kCommonOptions =
     "  --tsv FILE           the grid as TSV (default: standard output)\n"
     "  --xlsx FILE          the workbook, as 导出Excel saves it\n"
     "  --pdf FILE           the printed pages, as the print preview shows them\n"
-    "  --sql-log FILE       every statement sent, one a line\n";
+    "  --sql-log FILE       every statement sent, one a line\n"
+    "  --timings            where the run's time went, on stderr: the whole run, the database\n"
+    "                       engine and its statements, filling the grid, the export\n";
 
 constexpr const char* kExitStatus =
     "exit status: 0 when the run showed no message but the export's, 1 after any other message\n"
@@ -107,7 +109,7 @@ std::string ProgramUsage() {
         "  quillon-cli start [--config DIR]                     start as the program does, from the\n"
         "                                                       settings store\n"
         "  quillon-cli run REPORT CRITERIA [--db FILE | --config DIR] [--tsv FILE] [--xlsx FILE]\n"
-        "                  [--pdf FILE] [--sql-log FILE]\n"
+        "                  [--pdf FILE] [--sql-log FILE] [--timings]\n"
         "                                                       run a report window as a user would,\n"
         "                                                       print its grid as TSV, save its workbook,\n"
         "                                                       write its printed pages as PDF\n"
@@ -131,7 +133,7 @@ std::string ProgramUsage() {
 std::string ReportUsage(const ReportEntry& report) {
     std::string text = "usage: quillon-cli run " + std::string(report.name) + " " + report.synopsis +
                        "\n        [--db FILE | --config DIR] [--tsv FILE] [--xlsx FILE] [--pdf FILE] "
-                       "[--sql-log FILE]\n\n";
+                       "[--sql-log FILE]\n        [--timings]\n\n";
     text += "Runs " + std::string(report.window) +
             " as a user would:\nsets the criteria, clicks, prints the grid.\n";
     text += "\ncriteria:\n";

@@ -8,6 +8,7 @@
 #include "cli/grid_tsv.h"
 #include "cli/report_list.h"
 #include "cli/run_reports.h"
+#include "cli/run_timings.h"
 #include "controls/command_button.h"
 #include "controls/list_box.h"
 #include "controls/scripted_dialogs.h"
@@ -49,6 +50,11 @@ ReportSession::ReportSession(const CliOptions& options) {
             *log << sql << '\n' << std::flush;
         };
     }
+    RunTimings::Current().SessionOpened(*session_.DbConnection);
+}
+
+ReportSession::~ReportSession() {
+    RunTimings::Current().SessionClosing();
 }
 
 DateTime RequireDate(const CliOptions& options, const std::string& name) {
@@ -86,7 +92,9 @@ int FinishReportRun(const CliOptions& options, ScriptedDialogs& dialogs, Command
                     const std::string& exportedMessage) {
     if (auto path = options.Get("xlsx")) {
         dialogs.QueueSaveFileName(*path);
+        RunTimings::Current().ExportBegins();
         exportButton.Click();
+        RunTimings::Current().ExportEnds();
     }
     for (const auto& m : dialogs.Messages())
         if (m.Text != exportedMessage) return 1;
@@ -106,14 +114,23 @@ int RunRunCommand(const std::vector<std::string>& args) {
         throw UsageError((args.empty() ? "name a report" : "unknown report '" + args[0] + "'") +
                          " (reports: " + names + ")");
     }
-    const std::vector<std::string> rest(args.begin() + 1, args.end());
-    for (const std::string& arg : rest)
-        if (arg == "--help" || arg == "-h") {
+    // --timings is the same for every report, so it is taken here rather than by each driver.
+    std::vector<std::string> rest;
+    RunTimings& timings = RunTimings::Current();
+    for (auto it = args.begin() + 1; it != args.end(); ++it) {
+        if (*it == "--help" || *it == "-h") {
             std::fputs(ReportUsage(*report).c_str(), stdout);
             return 0;
         }
+        if (*it == "--timings")
+            timings.Start();
+        else
+            rest.push_back(*it);
+    }
     try {
-        return report->driver(rest);
+        const int status = report->driver(rest);
+        if (timings.Wanted()) std::fprintf(stderr, "%s\n", timings.Line().c_str());
+        return status;
     } catch (const UsageError& e) {
         std::fprintf(stderr, "quillon-cli run %s: %s\nTry 'quillon-cli run %s --help'.\n", report->name,
                      e.what(), report->name);

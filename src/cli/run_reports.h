@@ -42,6 +42,7 @@ CliOptions ReportOptions(const std::vector<std::string>& args, std::set<std::str
 class ReportSession {
 public:
     explicit ReportSession(const CliOptions& options);
+    ~ReportSession();
     AppSession& Session() { return session_; }
 
 private:

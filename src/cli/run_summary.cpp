@@ -7,6 +7,7 @@
 #include "cli/console_dialogs.h"
 #include "cli/pdf_option.h"
 #include "cli/run_reports.h"
+#include "cli/run_timings.h"
 #include "summary/summary_window.h"
 
 namespace quillon {
@@ -82,7 +83,9 @@ int RunSummaryReport(const std::vector<std::string>& args) {
 
     if (auto path = options.Get("xlsx")) {
         dialogs.QueueSaveFileName(*path);
+        RunTimings::Current().ExportBegins();
         exportButton->Click();
+        RunTimings::Current().ExportEnds();
     }
     // The run always ends in its own notice; any other message but the export's is a failure.
     for (const auto& m : dialogs.Messages())

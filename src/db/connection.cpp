@@ -5,6 +5,39 @@
 #include "db/text_fold.h"
 
 namespace quillon {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+// Runs f, adding its time to the engine's whether it returns or throws.
+template <typename F> auto Timed(Connection::EngineTime& engine, F f) {
+    struct Stop {
+        Connection::EngineTime& engine;
+        Clock::time_point start = Clock::now();
+        ~Stop() { engine.spent += Clock::now() - start; }
+    } stop{engine};
+    return f();
+}
+
+// Adds the time of every step of a backend's cursor to the connection's engine time.
+class TimedCursor final : public Cursor {
+public:
+    TimedCursor(std::shared_ptr<Cursor> inner, std::shared_ptr<Connection::EngineTime> engine)
+        : inner_(std::move(inner)), engine_(std::move(engine)) {}
+    const std::vector<std::string>& ColumnNames() const override { return inner_->ColumnNames(); }
+    bool Fetch(std::vector<Value>& row) override {
+        return Timed(*engine_, [&] { return inner_->Fetch(row); });
+    }
+    void Buffer() override {
+        Timed(*engine_, [&] { inner_->Buffer(); });
+    }
+
+private:
+    std::shared_ptr<Cursor> inner_;
+    std::shared_ptr<Connection::EngineTime> engine_;
+};
+
+} // namespace
 
 Connection::Connection() = default;
 Connection::~Connection() = default;
@@ -30,7 +63,9 @@ Recordset Connection::OpenRecordset(std::string_view sql) {
     EnsureSingleSelect(text);
     if (auto live = live_.lock()) live->Buffer();
     if (OnStatement) OnStatement(text);
-    auto cursor = backend_->Execute(text, CommandTimeout);
+    ++engine_->statements;
+    std::shared_ptr<Cursor> cursor = Timed(*engine_, [&] { return backend_->Execute(text, CommandTimeout); });
+    cursor = std::make_shared<TimedCursor>(std::move(cursor), engine_);
     live_ = cursor;
     return Recordset(std::move(cursor));
 }

@@ -2,6 +2,7 @@
 // by Provider and refuses, before a driver sees it, any statement that is not one SELECT.
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <string>
@@ -35,8 +36,17 @@ public:
     // Called with every statement just before it is sent (the CLI's --sql-log).
     std::function<void(const std::string&)> OnStatement;
 
+    // The time spent inside the database engine: preparing each statement and stepping it to
+    // its rows (the CLI's --timings sets it beside the whole run).
+    struct EngineTime {
+        int statements = 0;
+        std::chrono::nanoseconds spent{0};
+    };
+    const EngineTime& Engine() const { return *engine_; }
+
 private:
     std::unique_ptr<Backend> backend_;
+    std::shared_ptr<EngineTime> engine_ = std::make_shared<EngineTime>();
     std::weak_ptr<Cursor> live_;
 };
 

@@ -122,4 +122,30 @@ size_t MatchingParen(const std::vector<SqlToken>& tokens, size_t open) {
     return tokens.size();
 }
 
+std::vector<std::pair<size_t, size_t>> SplitAtCommas(const std::vector<SqlToken>& tokens, size_t begin,
+                                                     size_t end) {
+    std::vector<std::pair<size_t, size_t>> parts;
+    int depth = 0;
+    size_t start = begin;
+    for (size_t i = begin; i < end; ++i) {
+        if (tokens[i].IsPunct('('))
+            ++depth;
+        else if (tokens[i].IsPunct(')'))
+            --depth;
+        else if (depth == 0 && tokens[i].IsPunct(',')) {
+            parts.emplace_back(start, i);
+            start = i + 1;
+        }
+    }
+    parts.emplace_back(start, end);
+    return parts;
+}
+
+std::vector<size_t> Solids(const std::vector<SqlToken>& tokens, size_t begin, size_t end) {
+    std::vector<size_t> out;
+    for (size_t i = begin; i < end; ++i)
+        if (!tokens[i].IsTrivia()) out.push_back(i);
+    return out;
+}
+
 } // namespace quillon

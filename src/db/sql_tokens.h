@@ -4,6 +4,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace quillon {
@@ -34,5 +35,12 @@ size_t NextSolid(const std::vector<SqlToken>& tokens, size_t i);
 
 // Index of the ')' that closes the '(' at open; tokens.size() when unbalanced.
 size_t MatchingParen(const std::vector<SqlToken>& tokens, size_t open);
+
+// Splits tokens [begin, end) at commas outside parentheses.
+std::vector<std::pair<size_t, size_t>> SplitAtCommas(const std::vector<SqlToken>& tokens, size_t begin,
+                                                     size_t end);
+
+// The indexes of the tokens of [begin, end) that are not blanks or comments.
+std::vector<size_t> Solids(const std::vector<SqlToken>& tokens, size_t begin, size_t end);
 
 } // namespace quillon

@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <cstring>
+#include <map>
 
 #include "db/backend.h"
 #include "db/db_error.h"
@@ -123,13 +124,20 @@ public:
         sqlite3_busy_timeout(handle->db,
                              options.connectionTimeout > 0 ? options.connectionTimeout * 1000 : 1 << 30);
         sqlite3_progress_handler(handle->db, 1000, ProgressCheck, handle.get());
+        // The reports read much of a large file: map it, and keep what was read.
+        sqlite3_exec(handle->db, "PRAGMA mmap_size=1073741824; PRAGMA cache_size=-65536", nullptr, nullptr,
+                     nullptr);
         RegisterTsqlFunctions(handle->db);
         handle_ = std::move(handle);
     }
 
     std::shared_ptr<Cursor> Execute(const std::string& sql, int commandTimeout) override {
-        std::string text =
-            TranslateTsqlToSqlite(sql, [this](const std::string& table) { return ColumnsOf(table); });
+        ForgetWhatChanged();
+        DialectContext context{[this](const std::string& table) { return ColumnsOf(table); },
+                               [this](const std::string& table, const std::string& column) {
+                                   return HoldsIsoDates(table, column);
+                               }};
+        std::string text = TranslateTsqlToSqlite(sql, context);
         sqlite3_stmt* stmt = nullptr;
         const char* tail = nullptr;
         if (sqlite3_prepare_v2(handle_->db, text.c_str(), static_cast<int>(text.size()), &stmt, &tail) !=
@@ -140,6 +148,26 @@ public:
     }
 
 private:
+    // What was learnt of the data holds until another connection writes to the file.
+    void ForgetWhatChanged() {
+        sqlite3_stmt* stmt = nullptr;
+        long long version = -1;
+        if (sqlite3_prepare_v2(handle_->db, "PRAGMA data_version", -1, &stmt, nullptr) == SQLITE_OK &&
+            sqlite3_step(stmt) == SQLITE_ROW)
+            version = sqlite3_column_int64(stmt, 0);
+        sqlite3_finalize(stmt);
+        if (version != dataVersion_) isoDates_.clear();
+        dataVersion_ = version;
+    }
+
+    bool HoldsIsoDates(const std::string& table, const std::string& column) {
+        const std::string key = FoldedAscii(table) + '\x1f' + FoldedAscii(column);
+        auto it = isoDates_.find(key);
+        if (it == isoDates_.end())
+            it = isoDates_.emplace(key, ColumnHoldsIsoDates(handle_->db, table, column)).first;
+        return it->second;
+    }
+
     std::vector<std::string> ColumnsOf(const std::string& table) {
         std::vector<std::string> names;
         sqlite3_stmt* stmt = nullptr;
@@ -154,6 +182,8 @@ private:
     }
 
     std::shared_ptr<SqliteHandle> handle_;
+    long long dataVersion_ = -1;
+    std::map<std::string, bool> isoDates_;
 };
 
 } // namespace

@@ -20,33 +20,6 @@ using Tokens = std::vector<SqlToken>;
     throw DbError(kAdoErrBadStatement, "'" + near + "' 附近有语法错误。");
 }
 
-// Splits tokens [begin, end) at commas outside parentheses.
-std::vector<std::pair<size_t, size_t>> SplitAtCommas(const Tokens& t, size_t begin, size_t end) {
-    std::vector<std::pair<size_t, size_t>> parts;
-    int depth = 0;
-    size_t start = begin;
-    for (size_t i = begin; i < end; ++i) {
-        if (t[i].IsPunct('('))
-            ++depth;
-        else if (t[i].IsPunct(')'))
-            --depth;
-        else if (depth == 0 && t[i].IsPunct(',')) {
-            parts.emplace_back(start, i);
-            start = i + 1;
-        }
-    }
-    parts.emplace_back(start, end);
-    return parts;
-}
-
-// The solid (non-blank, non-comment) token indexes of [begin, end).
-std::vector<size_t> Solids(const Tokens& t, size_t begin, size_t end) {
-    std::vector<size_t> out;
-    for (size_t i = begin; i < end; ++i)
-        if (!t[i].IsTrivia()) out.push_back(i);
-    return out;
-}
-
 // Finds word at parenthesis depth 0 from `from`, followed by `next` when given.
 std::optional<size_t> FindTopLevel(const Tokens& t, size_t from, std::string_view word,
                                    std::string_view next = {}, bool last = false) {
@@ -320,6 +293,13 @@ void ConvertFn(sqlite3_context* ctx, int, sqlite3_value** argv) {
     ResultText(ctx, text.substr(0, Utf8Offset(text, length)));
 }
 
+// 1 for text that CONVERT(…,112) reads as a date, so that its yyyymmdd are the text's own
+// digits in place; the date filters are made ranges only on columns of such values.
+void IsIsoDateFn(sqlite3_context* ctx, int, sqlite3_value** argv) {
+    bool iso = sqlite3_value_type(argv[0]) == SQLITE_TEXT && DateTime::ParseIso(TextOf(argv[0])).has_value();
+    sqlite3_result_int(ctx, iso ? 1 : 0);
+}
+
 // len(s): characters, trailing blanks not counted.
 void LenFn(sqlite3_context* ctx, int argc, sqlite3_value** argv) {
     if (AnyNull(argc, argv)) return sqlite3_result_null(ctx);
@@ -352,10 +332,11 @@ void CharIndexFn(sqlite3_context* ctx, int argc, sqlite3_value** argv) {
 
 } // namespace
 
-std::string TranslateTsqlToSqlite(std::string_view tsql, const ColumnLookup& columns) {
+std::string TranslateTsqlToSqlite(std::string_view tsql, const DialectContext& context) {
     Tokens tokens = TokenizeSql(tsql);
     QualifyOrderByNames(tokens);
-    QualifyJoinNames(tokens, columns);
+    QualifyJoinNames(tokens, context.columns);
+    RewriteDateComparisons(tokens, context.columns, context.isoDates);
     return Translate(tokens, 0, tokens.size());
 }
 
@@ -366,6 +347,24 @@ void RegisterTsqlFunctions(sqlite3* db) {
     sqlite3_create_function(db, "tsql_left", 2, flags, nullptr, LeftFn, nullptr, nullptr);
     sqlite3_create_function(db, "tsql_charindex", 2, flags, nullptr, CharIndexFn, nullptr, nullptr);
     sqlite3_create_function(db, "tsql_charindex", 3, flags, nullptr, CharIndexFn, nullptr, nullptr);
+    sqlite3_create_function(db, "tsql_is_iso_date", 1, flags, nullptr, IsIsoDateFn, nullptr, nullptr);
+}
+
+bool ColumnHoldsIsoDates(sqlite3* db, const std::string& table, const std::string& column) {
+    auto quoted = [](const std::string& name) {
+        std::string out = "\"";
+        for (char c : name) out += c == '"' ? std::string("\"\"") : std::string(1, c);
+        return out + "\"";
+    };
+    const std::string sql = "SELECT NOT EXISTS (SELECT 1 FROM " + quoted(table) + " WHERE " + quoted(column) +
+                            " IS NOT NULL AND NOT tsql_is_iso_date(" + quoted(column) + "))";
+    sqlite3_stmt* stmt = nullptr;
+    bool iso = false;
+    if (sqlite3_prepare_v2(db, sql.c_str(), -1, &stmt, nullptr) == SQLITE_OK &&
+        sqlite3_step(stmt) == SQLITE_ROW)
+        iso = sqlite3_column_int(stmt, 0) == 1;
+    sqlite3_finalize(stmt);
+    return iso;
 }
 
 } // namespace quillon

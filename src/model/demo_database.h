@@ -8,7 +8,7 @@ namespace quillon {
 
 // Stamped into the file (SQLite's user_version) and raised whenever the generator's data change,
 // so that a demo database written by an earlier build is made anew rather than shown stale.
-inline constexpr int kDemoDataVersion = 3;
+inline constexpr int kDemoDataVersion = 4;
 
 struct DemoOptions {
     int invoices = 6000;      // invoices written (a fixed set of showcase bills is among them)

@@ -5,57 +5,11 @@
 #include <functional>
 #include <memory>
 
-#include "controls/scripted_dialogs.h"
-#include "db/connection.h"
-#include "deptrate/deptrate_window.h"
-#include "invoice/invoice_window.h"
-#include "model/demo_database.h"
-#include "parking/parking_window.h"
-#include "preinvoice/preinvoice_window.h"
-#include "reconciliation/recon_window.h"
+#include "demo_reports.h"
 #include "shell/about_window.h"
-#include "summary/summary_window.h"
-#include "support/temp_dir.h"
 
 namespace quillon {
 namespace {
-
-struct DemoSession {
-    TempDir dir;
-    AppSession session;
-    ScriptedDialogs dialogs;
-    Form frame{"MDIForm1", "frame"}; // the About box's owner
-
-    DemoSession() {
-        const std::string path = dir.File("demo.db");
-        WriteDemoDatabase(path, {.invoices = 1500});
-        session.DbConnection = std::make_unique<Connection>();
-        session.ConnectionText = "Provider=SQLite;Data Source='" + path + "'";
-        session.DbConnection->ConnectionString = session.ConnectionText;
-        session.DbConnection->Open();
-    }
-};
-
-DateTime Day(const char* iso) {
-    return *DateTime::ParseIso(iso);
-}
-
-void PickEntry(ListBox& list, const std::string& prefix) {
-    for (int i = 0; i < list.ListCount(); ++i)
-        if (list.List(i).rfind(prefix, 0) == 0) return list.SetListIndex(i);
-    FAIL() << "no entry " << prefix;
-}
-
-template <typename Window> std::unique_ptr<Form> RunDetail(DemoSession& s, const char* dept) {
-    auto w = std::make_unique<Window>(s.session, s.dialogs);
-    w->Load();
-    PickEntry(w->List1, dept);
-    w->DTPicker1_0.SetValue(Day("2024-01-01"));
-    w->DTPicker1_1.SetValue(Day("2024-12-31"));
-    w->Command3.Click();
-    w->Command6.Click();
-    return w;
-}
 
 struct PrintCase {
     const char* name;
@@ -67,39 +21,11 @@ struct PrintCase {
 TEST(PrintableResult, EveryReportPrintsItsTitlePeriodAndGrid) {
     DemoSession s;
     const PrintCase cases[] = {
-        {"recon",
-         [](DemoSession& d) -> std::unique_ptr<Form> {
-             auto w = std::make_unique<frm票据核对表>(d.session, d.dialogs);
-             w->Load();
-             w->Combo1.SetText("2024");
-             w->Combo2.SetText("01");
-             w->Combo3.SetText("12");
-             PickEntry(w->List1, "010101");
-             w->Command3.Click();
-             return w;
-         },
+        {"recon", [](DemoSession& d) { return RunRecon<frm票据核对表>(d, "010101", "2024", "01", "12"); },
          "2024年度【天河花园管理处】票据核对表", "2024年 01月 至 12月"},
-        {"deptrate",
-         [](DemoSession& d) -> std::unique_ptr<Form> {
-             auto w = std::make_unique<frm部门开票分税率统计表>(d.session, d.dialogs);
-             w->Load();
-             w->Check1.SetValue(1);
-             w->DTPicker1.SetValue(Day("2024-01-01"));
-             w->DTPicker2.SetValue(Day("2024-12-31"));
-             w->Command3.Click();
-             return w;
-         },
+        {"deptrate", [](DemoSession& d) { return RunDeptRate(d, "2024-01-01", "2024-12-31"); },
          "增值税开票统计汇总", " 开票日期：2024-01-01 至 2024-12-31"},
-        {"summary",
-         [](DemoSession& d) -> std::unique_ptr<Form> {
-             auto w = std::make_unique<frm预开票汇总表>(d.session, d.dialogs);
-             w->Load();
-             w->Check3.SetValue(1);
-             w->DTPicker3.SetValue(Day("2024-01-01"));
-             w->DTPicker4.SetValue(Day("2024-12-31"));
-             w->Command1_0.Click();
-             return w;
-         },
+        {"summary", [](DemoSession& d) { return RunSummary(d, "2024-01-01", "2024-12-31"); },
          "预 开 票 汇 总 表", " 开票日期: 2024-01-01 至 2024-12-31"},
         {"preinvoice", [](DemoSession& d) { return RunDetail<frm票据预开明细表New>(d, "010101"); },
          "【天河花园管理处】增值税预开票明细表", "开票日期范围: 2024-01-01 至 2024-12-31"},
@@ -109,7 +35,8 @@ TEST(PrintableResult, EveryReportPrintsItsTitlePeriodAndGrid) {
          "【中心停车场管理处】停车费明细表", "收款日期范围: 2024-01-01 至 2024-12-31"},
         {"about",
          [](DemoSession& d) -> std::unique_ptr<Form> {
-             return std::make_unique<frmAbout>(d.session, d.dialogs, d.frame);
+             static Form frame{"MDIForm1", "frame"}; // the About box's owner
+             return std::make_unique<frmAbout>(d.session, d.dialogs, frame);
          },
          "", ""},
     };
