@@ -143,7 +143,7 @@ TEST(DateFilterDifferential, EveryReportStatementGivesTheSameRowsWithRanges) {
     }
     // Nearly every statement filters by date; the comparison must have had rows to compare.
     EXPECT_GT(ranged, static_cast<int>(statements.size()));
-    EXPECT_GT(rows, 5000);
+    EXPECT_GT(rows, 1000) << ranged << " statements of " << statements.size();
 }
 
 } // namespace
