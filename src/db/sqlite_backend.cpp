@@ -156,7 +156,10 @@ private:
             sqlite3_step(stmt) == SQLITE_ROW)
             version = sqlite3_column_int64(stmt, 0);
         sqlite3_finalize(stmt);
-        if (version != dataVersion_) isoDates_.clear();
+        if (version != dataVersion_) {
+            isoDates_.clear();
+            columns_.clear();
+        }
         dataVersion_ = version;
     }
 
@@ -168,8 +171,10 @@ private:
         return it->second;
     }
 
-    std::vector<std::string> ColumnsOf(const std::string& table) {
-        std::vector<std::string> names;
+    const std::vector<std::string>& ColumnsOf(const std::string& table) {
+        auto known = columns_.find(FoldedAscii(table));
+        if (known != columns_.end()) return known->second;
+        std::vector<std::string>& names = columns_[FoldedAscii(table)];
         sqlite3_stmt* stmt = nullptr;
         if (sqlite3_prepare_v2(handle_->db, "SELECT name FROM pragma_table_info(?)", -1, &stmt, nullptr) !=
             SQLITE_OK)
@@ -184,6 +189,7 @@ private:
     std::shared_ptr<SqliteHandle> handle_;
     long long dataVersion_ = -1;
     std::map<std::string, bool> isoDates_;
+    std::map<std::string, std::vector<std::string>> columns_;
 };
 
 } // namespace
