@@ -9,6 +9,7 @@
 #include "controls/scripted_dialogs.h"
 #include "db/connection.h"
 #include "invoice/invoice_window.h"
+#include "shell/app_session.h"
 
 int main(int argc, char** argv) {
     using namespace quillon;
