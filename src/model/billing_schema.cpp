@@ -67,8 +67,8 @@ CREATE INDEX ix_票据_票据编号 ON 票据 (票据编号);
 -- The reports filter a department by a range of invoice or collection dates.
 CREATE INDEX ix_票据_开票部门编号 ON 票据 (开票部门编号, 开票日期);
 CREATE INDEX ix_票据_收款日期 ON 票据 (开票部门编号, 收款日期);
+CREATE INDEX ix_票据_内换票据编号 ON 票据 (对应调换票据入库单, 内换票据编号);
 -- Exchanged bills are few: indexed alone, so that "Is Null" on these columns never looks cheap.
-CREATE INDEX ix_票据_内换票据编号 ON 票据 (对应调换票据入库单, 内换票据编号) WHERE 内换票据编号 IS NOT NULL;
 CREATE INDEX ix_票据_被换票票据编号 ON 票据 (被换票入库单编号, 被换票票据编号) WHERE 被换票票据编号 IS NOT NULL;
 
 CREATE TABLE 票据开票数据 (

@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
+#include <algorithm>
+#include <cctype>
 #include <random>
 #include <set>
 
@@ -66,6 +68,14 @@ std::set<std::string> StatementsOfEveryReport(DemoSession& s) {
     }
     s.session.DbConnection->OnStatement = nullptr;
     return sent;
+}
+
+bool HasOwnOrderBy(const std::string& sql) {
+    std::string lower = sql;
+    for (char& c : lower) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    const size_t orderBy = lower.rfind("order by");
+    return orderBy != std::string::npos &&
+           (lower.rfind(')') == std::string::npos || orderBy > lower.rfind(')'));
 }
 
 class ReadOnlyDb {
@@ -136,9 +146,17 @@ TEST(DateFilterDifferential, EveryReportStatementGivesTheSameRowsWithRanges) {
             const std::string asText = TranslateTsqlToSqlite(sql, db.Context(false));
             if (withRanges == asText) continue;
             ++ranged;
-            const auto expected = db.Rows(asText);
+            auto expected = db.Rows(asText);
+            auto actual = db.Rows(withRanges);
             rows += static_cast<int>(expected.size());
-            ASSERT_EQ(db.Rows(withRanges), expected) << sql;
+            // Without an Order by of its own a statement's order is the engine's choice, on SQL
+            // Server too; a range may let SQLite read an index where it scanned the table (the
+            // exchanged numbers, which are only searched in). Such rows are compared as a set.
+            if (!HasOwnOrderBy(sql)) {
+                std::sort(expected.begin(), expected.end());
+                std::sort(actual.begin(), actual.end());
+            }
+            ASSERT_EQ(actual, expected) << sql;
         }
     }
     // Nearly every statement filters by date; the comparison must have had rows to compare.
