@@ -206,7 +206,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     std::string translated;
     bool translatedOk = true;
     try {
-        translated = quillon::TranslateTsqlToSqlite(sql, ColumnsOf);
+        // 开票日期 counts as holding dates, so that the date filters are made ranges too.
+        const quillon::DialectContext context{
+            ColumnsOf, [](const std::string&, const std::string& column) { return column == "开票日期"; }};
+        translated = quillon::TranslateTsqlToSqlite(sql, context);
     } catch (const DbError&) {
         translatedOk = false;
     }
