@@ -4,10 +4,13 @@
 #include <string_view>
 
 #include "program_version.h"
+#include "shell/main_window.h"
 
 namespace quillon {
 
-const char* const kProgramUsage =
+namespace {
+
+constexpr const char* kUsage =
     "usage: quillon [--demo] [--open ENTRY]... [--do STEP]... [--menu ENTRY] [--size WIDTHxHEIGHT]\n"
     "               [--screenshot FILE]\n"
     "       quillon --help | --version\n"
@@ -29,11 +32,20 @@ const char* const kProgramUsage =
     "\n"
     "The same reports without a display, for scripts and scheduled runs: quillon-cli --help\n";
 
+} // namespace
+
+std::string ProgramUsage() {
+    std::string entries;
+    for (const MenuRoute& route : kMenuRoutes)
+        entries += std::string(entries.empty() ? "" : ", ") + route.entry;
+    return kUsage + ("\nMenu entries: " + entries + "\n");
+}
+
 std::optional<int> AnswerHelpOrVersion(int argc, const char* const* argv) {
     for (int i = 1; i < argc; ++i) {
         const std::string_view arg = argv[i];
         if (arg == "--help" || arg == "-h") {
-            std::fputs(kProgramUsage, stdout);
+            std::fputs(ProgramUsage().c_str(), stdout);
             return 0;
         }
         if (arg == "--version") {

@@ -3,11 +3,12 @@
 #pragma once
 
 #include <optional>
+#include <string>
 
 namespace quillon {
 
-// The usage text, also shown after a mistake on the command line.
-extern const char* const kProgramUsage;
+// The usage text; the menu entries --open takes are listed from the main window's routes.
+std::string ProgramUsage();
 
 // The exit status when the arguments ask for the help or the version (printed to stdout), else
 // nothing: the program starts.

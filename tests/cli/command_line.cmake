@@ -87,7 +87,8 @@ expect_run(1 COMMAND "${CLI}" ${recon} --config gone EXPECT "数据库连接失�
 if(GUI)
   # Help and version need no display; a mistake is told before any window opens.
   set(no_display "${CMAKE_COMMAND}" -E env --unset=DISPLAY --unset=WAYLAND_DISPLAY --unset=QT_QPA_PLATFORM)
-  expect_run(0 COMMAND ${no_display} "${GUI}" --help EXPECT "usage: quillon " "--demo" "quillon-cli --help")
+  expect_run(0 COMMAND ${no_display} "${GUI}" --help EXPECT "usage: quillon " "--demo" "quillon-cli --help"
+             "Menu entries: 停车费明细表, 增值税开票明细表, 增值税预开明细表, 开票票据核对表, 增值税开票统计汇总表, 预开票汇总表, 关于软件")
   expect_run(0 COMMAND ${no_display} "${GUI}" --version EXPECT "quillon ${VERSION}")
   expect_run(2 COMMAND "${CMAKE_COMMAND}" -E env QT_QPA_PLATFORM=offscreen "${GUI}" --bogus
              EXPECT "unknown option --bogus" "Try 'quillon --help'")
