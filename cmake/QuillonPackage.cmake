@@ -5,7 +5,9 @@
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME quillon)
 set(CPACK_PACKAGE_VENDOR "Quillon")
-set(CPACK_PACKAGE_CONTACT "Quillon maintainers <quillon@localhost>")
+set(QUILLON_PACKAGE_CONTACT "Quillon maintainers <quillon@localhost>"
+    CACHE STRING "Maintainer of the Debian package: whoever deploys it answers for it")
+set(CPACK_PACKAGE_CONTACT "${QUILLON_PACKAGE_CONTACT}")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "Quillon收费报表: invoice and charge reports from the billing database")
 set(CPACK_PACKAGE_DESCRIPTION
     "Six reports over a property-management billing database (SQL Server through unixODBC and
