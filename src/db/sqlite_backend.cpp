@@ -8,6 +8,7 @@
 
 #include "db/backend.h"
 #include "db/db_error.h"
+#include "db/sqlite_messages.h"
 #include "db/text_fold.h"
 #include "db/tsql_dialect.h"
 
@@ -69,7 +70,7 @@ public:
         if (rc != SQLITE_ROW) {
             done_ = true;
             if (handle_->timedOut) throw DbError(kAdoErrTimeout, "查询超时已过期");
-            throw DbError(kAdoErrBadStatement, sqlite3_errmsg(handle_->db));
+            throw DbError(kAdoErrBadStatement, SqlServerWording(sqlite3_errmsg(handle_->db)));
         }
         row.resize(names_.size());
         for (size_t i = 0; i < names_.size(); ++i) row[i] = ColumnValue(static_cast<int>(i));
@@ -118,7 +119,7 @@ public:
             rc = sqlite3_exec(handle->db, "SELECT count(*) FROM sqlite_master", nullptr, nullptr, nullptr);
         }
         if (rc != SQLITE_OK) {
-            std::string why = handle->db ? sqlite3_errmsg(handle->db) : sqlite3_errstr(rc);
+            std::string why = SqlServerWording(handle->db ? sqlite3_errmsg(handle->db) : sqlite3_errstr(rc));
             throw DbError(kAdoErrGeneric, "[SQLite] 无法打开数据库 '" + path + "': " + why);
         }
         sqlite3_busy_timeout(handle->db,
@@ -142,7 +143,7 @@ public:
         const char* tail = nullptr;
         if (sqlite3_prepare_v2(handle_->db, text.c_str(), static_cast<int>(text.size()), &stmt, &tail) !=
             SQLITE_OK)
-            throw DbError(kAdoErrBadStatement, sqlite3_errmsg(handle_->db));
+            throw DbError(kAdoErrBadStatement, SqlServerWording(sqlite3_errmsg(handle_->db)));
         if (!stmt) throw DbError(kAdoErrBadStatement, "空语句");
         return std::make_shared<SqliteCursor>(handle_, stmt, commandTimeout);
     }

@@ -78,7 +78,7 @@ TEST_F(SqliteConnection, WritesFailAtTheGuardAndAtTheEngineAndOnlyWhatIsSentIsLo
     backend->Open(ConnectionString::Parse(file.SqliteConnectionText()), OpenOptions{});
     std::vector<Value> row;
     const DbError e = ErrorOf([&] { backend->Execute("DELETE FROM 票据", 0)->Fetch(row); });
-    EXPECT_NE(e.Description.find("readonly"), std::string::npos) << e.Description;
+    EXPECT_EQ(e.Description, "数据库只能读取，不能写入。");
     auto rs = conn.OpenRecordset("Select count(*) as n From 票据");
     EXPECT_EQ(rs.Fields("n").Value().AsNumber(), 3);
     EXPECT_EQ(log, std::vector<std::string>{"Select count(*) as n From 票据"});
@@ -93,11 +93,16 @@ TEST(SqliteOpen, FailsWithTheReasonInTheDescription) {
         const char* why;
         std::string text;
         long number;
+        std::string description;
     } cases[] = {
-        {"missing file", "Provider=SQLite;Data Source='/nonexistent/demo.db'", kAdoErrGeneric},
-        {"empty data source", "Provider=SQLite;Data Source=''", kAdoErrGeneric},
-        {"not a database", notADatabase.SqliteConnectionText(), kAdoErrGeneric},
-        {"unknown provider", "Provider=Jet.4;Data Source=x", kAdoErrProviderNotFound},
+        {"missing file", "Provider=SQLite;Data Source='/nonexistent/demo.db'", kAdoErrGeneric,
+         "[SQLite] 无法打开数据库 '/nonexistent/demo.db': 无法打开数据库文件。"},
+        {"empty data source", "Provider=SQLite;Data Source=''", kAdoErrGeneric,
+         "[SQLite] 无法打开数据库 '': 无法打开数据库文件。"},
+        {"not a database", notADatabase.SqliteConnectionText(), kAdoErrGeneric,
+         "[SQLite] 无法打开数据库 '" + notADatabase.Path() + "': 文件不是数据库。"},
+        {"unknown provider", "Provider=Jet.4;Data Source=x", kAdoErrProviderNotFound,
+         "未找到提供程序。该程序可能未正确安装。"},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.why);
@@ -105,8 +110,35 @@ TEST(SqliteOpen, FailsWithTheReasonInTheDescription) {
         conn.ConnectionString = c.text;
         const DbError e = ErrorOf([&] { conn.Open(); });
         EXPECT_EQ(e.Number, c.number);
-        EXPECT_FALSE(e.Description.empty());
+        EXPECT_EQ(e.Description, c.description);
         EXPECT_FALSE(conn.IsOpen());
+    }
+}
+
+// A statement the engine refuses fails in SQL Server's words, as it would in production.
+TEST(SqliteStatement, FailsInSqlServersWords) {
+    TempSqliteFile file;
+    file.Exec("CREATE TABLE 票据 (票据编号 TEXT, 金额 REAL); CREATE TABLE 退票 (票据编号 TEXT);");
+    Connection conn;
+    conn.ConnectionString = file.SqliteConnectionText();
+    conn.Open();
+    struct Case {
+        const char* why;
+        const char* sql;
+        const char* description;
+    } cases[] = {
+        {"a table missing", "Select * From 发票", "对象名 '发票' 无效。"},
+        {"a column missing", "Select 税额 From 票据", "列名 '税额' 无效。"},
+        {"a column of two tables", "Select 票据编号 From 票据, 退票", "列名 '票据编号' 不明确。"},
+        {"a word out of place", "Select 金额 金额 金额 From 票据", "'金额' 附近有语法错误。"},
+        {"a literal left open", "Select * From 票据 Where 票据编号 = '01", "字符串 '01' 后的引号不完整。"},
+        {"the statement cut short", "Select * From 票据 Where", "语句意外结束。"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.why);
+        const DbError e = ErrorOf([&] { conn.OpenRecordset(c.sql); });
+        EXPECT_EQ(e.Number, kAdoErrBadStatement);
+        EXPECT_EQ(e.Description, c.description);
     }
 }
 

@@ -15,11 +15,13 @@
 #include <fstream>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include "controls/flex_grid.h"
 #include "pdf/grid_pdf.h"
 #include "qt_test_app.h"
 #include "qtui/qt_dialogs.h"
+#include "support/file_size_limit.h"
 #include "support/temp_dir.h"
 
 namespace quillon {
@@ -126,6 +128,32 @@ TEST(PrintPdf, AFailedWriteLeavesNothingAndASuccessReplacesTheOldFile) {
 
     EXPECT_THROW(WriteGridPdf({"标题", "", nullptr}, path), std::invalid_argument);
     EXPECT_TRUE(ReadAll(path).startsWith("%PDF-"));
+}
+
+// A write stopped half-way (a full disk) leaves the earlier file byte for byte and nothing beside it.
+TEST(PrintPdf, AWriteStoppedByAFullDiskKeepsTheEarlierFile) {
+    WithApp app;
+    FlexGrid grid;
+    FillGrid(grid, 150, 12);
+    const PrintJob job{"标题", "", &grid};
+    TempDir dir;
+    const std::string path = dir.File("old.pdf");
+    WriteGridPdf(job, path);
+    const QByteArray before = ReadAll(path);
+    const std::string outcome = RunWithFileSizeLimit(static_cast<rlim_t>(before.size() / 2), [&] {
+        try {
+            WriteGridPdf(job, path);
+        } catch (const std::runtime_error& e) {
+            return std::string(e.what()).rfind("cannot write " + path, 0) == 0 ? "refused" : e.what();
+        }
+        return "written in spite of the limit";
+    });
+    EXPECT_EQ(outcome, "refused");
+    EXPECT_EQ(ReadAll(path), before);
+    std::vector<std::string> left;
+    for (const auto& entry : std::filesystem::directory_iterator(dir.Path()))
+        left.push_back(entry.path().filename().string());
+    EXPECT_EQ(left, std::vector<std::string>{"old.pdf"});
 }
 
 // One page painted at 96 dpi: 15 twips to the pixel.
