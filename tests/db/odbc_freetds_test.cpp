@@ -1,53 +1,20 @@
 // The ODBC backend's open against SQL Server through FreeTDS, with no server: a closed port
 // fails at once, a server that accepts but never answers gives up at the login timeout, and
 // either way the description is the driver's own.
-#include <arpa/inet.h>
 #include <gtest/gtest.h>
-#include <netinet/in.h>
-#include <sys/socket.h>
-#include <unistd.h>
 
 #include <chrono>
 #include <future>
-#include <stdexcept>
 #include <thread>
 
 #include "db/connection.h"
 #include "db_test_support.h"
+#include "support/local_port.h"
 
 namespace quillon {
 namespace {
 
 using Clock = std::chrono::steady_clock;
-
-// A TCP port on 127.0.0.1 bound for the test's life. Listening, the kernel completes every
-// connection into the backlog and nothing ever answers; not listening, the port refuses.
-class LocalPort {
-public:
-    explicit LocalPort(bool listen) {
-        fd_ = ::socket(AF_INET, SOCK_STREAM, 0);
-        sockaddr_in addr{};
-        addr.sin_family = AF_INET;
-        addr.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        addr.sin_port = 0;
-        socklen_t len = sizeof addr;
-        if (fd_ < 0 || ::bind(fd_, reinterpret_cast<sockaddr*>(&addr), sizeof addr) != 0 ||
-            ::getsockname(fd_, reinterpret_cast<sockaddr*>(&addr), &len) != 0 ||
-            (listen && ::listen(fd_, 4) != 0))
-            throw std::runtime_error("cannot set up a local port");
-        port_ = ntohs(addr.sin_port);
-    }
-    ~LocalPort() { ::close(fd_); }
-    LocalPort(const LocalPort&) = delete;
-    LocalPort& operator=(const LocalPort&) = delete;
-
-    // "127.0.0.1,<port>": the host,port form an administrator writes into Svr.
-    std::string DataSource() const { return "127.0.0.1," + std::to_string(port_); }
-
-private:
-    int fd_ = -1;
-    int port_ = 0;
-};
 
 std::string StartupText(const std::string& server) {
     return "Provider=SQLOLEDB.1;Password=secret;Persist Security Info=False;User ID=reader;"

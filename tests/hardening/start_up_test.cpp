@@ -2,51 +2,21 @@
 // settings file that is empty or in GBK, a server port that refuses or a server that never
 // answers. Each row: what the user sees, and that nothing was written, neither beside the
 // database nor beside the settings.
-#include <arpa/inet.h>
-#include <netinet/in.h>
-#include <sys/socket.h>
-#include <unistd.h>
 
 #include <gtest/gtest.h>
 
 #include <chrono>
 #include <filesystem>
 #include <fstream>
-#include <stdexcept>
 
 #include "hardening/user_runs.h"
 #include "shell/startup.h"
+#include "support/local_port.h"
 
 namespace quillon {
 namespace {
 
 namespace fs = std::filesystem;
-
-// A TCP port on 127.0.0.1 for the test's life: listening, connections complete into the backlog
-// and nothing ever answers; not listening, the port refuses.
-class LocalPort {
-public:
-    explicit LocalPort(bool listen) {
-        fd_ = ::socket(AF_INET, SOCK_STREAM, 0);
-        sockaddr_in addr{};
-        addr.sin_family = AF_INET;
-        addr.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        socklen_t len = sizeof addr;
-        if (fd_ < 0 || ::bind(fd_, reinterpret_cast<sockaddr*>(&addr), sizeof addr) != 0 ||
-            ::getsockname(fd_, reinterpret_cast<sockaddr*>(&addr), &len) != 0 ||
-            (listen && ::listen(fd_, 4) != 0))
-            throw std::runtime_error("cannot set up a local port");
-        port_ = ntohs(addr.sin_port);
-    }
-    ~LocalPort() { ::close(fd_); }
-    LocalPort(const LocalPort&) = delete;
-    LocalPort& operator=(const LocalPort&) = delete;
-    std::string Server() const { return "127.0.0.1," + std::to_string(port_); }
-
-private:
-    int fd_ = -1;
-    int port_ = 0;
-};
 
 // The settings folder of a deployment, holding Quillon/Quillon.ini with exactly these bytes.
 class Deployment {
@@ -129,7 +99,7 @@ TEST(BadInput, StartUp) {
          false},
         {"a settings file in GBK: read as such", gbk, &good, {}, true, "某某物业"},
         {"a server port that refuses",
-         "[DBConfig]\nSvr=" + closedPort.Server() + "\nUID=sa\nPWD=x\nDBname=物业\n",
+         "[DBConfig]\nSvr=" + closedPort.DataSource() + "\nUID=sa\nPWD=x\nDBname=物业\n",
          nullptr,
          {"[信息文本] 错误信息：[FreeTDS][SQL Server]Unable to connect: Adaptive Server is unavailable or "
           "does not "
@@ -159,7 +129,7 @@ TEST(BadInput, StartUp) {
 // it allows, not sooner, and says so.
 TEST(BadInput, StartUpOnASilentServer) {
     const LocalPort silent(true);
-    const std::string ini = "[DBConfig]\nSvr=" + silent.Server() + "\nUID=sa\nPWD=x\nDBname=物业\n";
+    const std::string ini = "[DBConfig]\nSvr=" + silent.DataSource() + "\nUID=sa\nPWD=x\nDBname=物业\n";
     const Deployment deployment(ini);
     AppSession session;
     bool shown = true;
