@@ -9,11 +9,8 @@ namespace quillon {
 
 class FlexGrid;
 
-// One cell as it goes into a line: tabs and line breaks inside it become blanks, so that a line
-// stays one grid row.
-std::string TsvCell(const std::string& text);
-
-// Rows firstRow..lastRow (-1: to the last row), cells joined by TAB, each row ended by "\n".
+// Rows firstRow..lastRow (-1: to the last row), cells joined by TAB, each row ended by "\n";
+// tabs and line breaks inside a cell become blanks (ClipCellText).
 void WriteGridTsv(const FlexGrid& grid, std::ostream& out, int firstRow = 0, int lastRow = -1);
 
 } // namespace quillon

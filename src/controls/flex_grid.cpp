@@ -236,16 +236,18 @@ void FlexGrid::SetCellAlignment(int alignment) {
     NotifyContent(Aspect::Cells);
 }
 
-// Left edge of a column on screen: fixed columns stay, scrolling ones start at LeftCol.
+// Left edge of a column on screen: fixed and frozen columns stay, the others start at LeftCol.
 int FlexGrid::ColumnOffset(int col) const {
     int x = 0;
-    if (col < fixedCols_) {
+    const int still = StillCols();
+    if (col < still) {
         for (int c = 0; c < col; ++c) x += ColWidth(c);
         return x;
     }
-    for (int c = 0; c < fixedCols_; ++c) x += ColWidth(c);
-    for (int c = leftCol_; c < col; ++c) x += ColWidth(c);
-    for (int c = col; c < leftCol_; ++c) x -= ColWidth(c); // scrolled off to the left
+    for (int c = 0; c < still; ++c) x += ColWidth(c);
+    const int left = LeftCol();
+    for (int c = left; c < col; ++c) x += ColWidth(c);
+    for (int c = col; c < left; ++c) x -= ColWidth(c); // scrolled off to the left
     return x;
 }
 
@@ -435,11 +437,29 @@ void FlexGrid::SetTopRow(int row) {
     NotifyContent(Aspect::CurrentCell);
 }
 
+int FlexGrid::LeftCol() const {
+    const int still = StillCols();
+    return std::clamp(leftCol_, still, std::max(Cols() - 1, still));
+}
+
 void FlexGrid::SetLeftCol(int col) {
-    col = std::clamp(col, fixedCols_, std::max(Cols() - 1, fixedCols_));
+    const int still = StillCols();
+    col = std::clamp(col, still, std::max(Cols() - 1, still));
     if (col == leftCol_) return;
     leftCol_ = col;
     NotifyContent(Aspect::CurrentCell);
+}
+
+void FlexGrid::SetFrozenCols(int cols) {
+    if (cols < 0) ThrowInvalidPropertyValue();
+    if (cols == frozenCols_) return;
+    frozenCols_ = cols;
+    leftCol_ = StillCols(); // as a new fixed band does, the view starts at the first scrolling column
+    NotifyContent(Aspect::Layout);
+}
+
+int FlexGrid::StillCols() const {
+    return std::max(fixedCols_, std::min(frozenCols_, Cols() - 1));
 }
 
 void FlexGrid::Clear() {

@@ -123,9 +123,18 @@ public:
 
     // --- scrolling, moved by the view: the first scrolling row and column on screen
     int TopRow() const { return topRow_; }
-    void SetTopRow(int row); // pulled into FixedRows..Rows-1
-    int LeftCol() const { return leftCol_; }
-    void SetLeftCol(int col); // pulled into FixedCols..Cols-1
+    void SetTopRow(int row);  // pulled into FixedRows..Rows-1
+    int LeftCol() const;      // never left of StillCols
+    void SetLeftCol(int col); // pulled into StillCols..Cols-1
+
+    // --- the user's freeze, a view setting the old grid did not have: columns 0..FrozenCols-1
+    // stay put while the rest scrolls right, as fixed columns do, but look and answer clicks as
+    // scrolling cells. The printed pages repeat them too. 0 unfreezes.
+    int FrozenCols() const { return frozenCols_; }
+    void SetFrozenCols(int cols); // error 380 below 0
+    // Columns that do not scroll: the fixed ones or the frozen ones, whichever reach further,
+    // always leaving the last column to scroll.
+    int StillCols() const;
 
     // Empties every cell's text and format, fixed cells included; the shape stays.
     void Clear();
@@ -192,6 +201,7 @@ private:
     int col_ = 1;
     int topRow_ = 1;
     int leftCol_ = 1;
+    int frozenCols_ = 0;
     int mergeCells_ = flexMergeNever;
     bool redraw_ = true;
     bool wordWrap_ = false;

@@ -1,7 +1,5 @@
 #include "qtui/flex_grid_widget.h"
 
-#include <QKeyEvent>
-#include <QMouseEvent>
 #include <QPainter>
 #include <QPointer>
 #include <QScrollBar>
@@ -50,16 +48,26 @@ FlexGridWidget::FlexGridWidget(QWidget* parent) : QAbstractScrollArea(parent) {
     verticalScrollBar()->setSingleStep(1);
     horizontalScrollBar()->setSingleStep(1);
     viewport()->setAutoFillBackground(false);
+    viewport()->setMouseTracking(true); // the resize cursor over a column's edge
+    MakeActions();
 }
 
 void FlexGridWidget::SetGrid(FlexGrid* grid) {
     grid_ = grid;
+    selected_ = false;
+    shapeRows_ = grid ? grid->Rows() : -1;
+    shapeCols_ = grid ? grid->Cols() : -1;
     UpdateScrollBars();
     viewport()->update();
 }
 
 void FlexGridWidget::ModelChanged(Aspect what) {
     if (!grid_) return;
+    if (grid_->Rows() != shapeRows_ || grid_->Cols() != shapeCols_) {
+        selected_ = false; // a new result: the old selection means nothing in it
+        shapeRows_ = grid_->Rows();
+        shapeCols_ = grid_->Cols();
+    }
     if (what == Aspect::Layout || what == Aspect::Redraw) UpdateScrollBars();
     if (what == Aspect::CurrentCell) SyncScrollBars();
     viewport()->update();
@@ -80,9 +88,9 @@ int FlexGridWidget::FixedHeight() const {
     return h;
 }
 
-int FlexGridWidget::FixedWidth() const {
+int FlexGridWidget::StillWidth() const {
     int w = 0;
-    for (int c = 0; c < grid_->FixedCols(); ++c) w += ColPx(c);
+    for (int c = 0; c < grid_->StillCols(); ++c) w += ColPx(c);
     return w;
 }
 
@@ -91,7 +99,7 @@ int FlexGridWidget::TopRow() const {
 }
 
 int FlexGridWidget::LeftCol() const {
-    return std::clamp(grid_->LeftCol(), grid_->FixedCols(), std::max(grid_->Cols() - 1, grid_->FixedCols()));
+    return grid_->LeftCol(); // the model keeps it right of the fixed and frozen columns
 }
 
 int FlexGridWidget::RowY(int row) const {
@@ -109,11 +117,11 @@ int FlexGridWidget::RowY(int row) const {
 
 int FlexGridWidget::ColX(int col) const {
     int x = 0;
-    if (col < grid_->FixedCols()) {
+    if (col < grid_->StillCols()) {
         for (int c = 0; c < col; ++c) x += ColPx(c);
         return x;
     }
-    x = FixedWidth();
+    x = StillWidth();
     const int left = LeftCol();
     for (int c = left; c < col; ++c) x += ColPx(c);
     for (int c = col; c < left; ++c) x -= ColPx(c);
@@ -143,9 +151,9 @@ int FlexGridWidget::MaxTopRow() const {
 }
 
 int FlexGridWidget::MaxLeftCol() const {
-    const int fixedCols = grid_->FixedCols();
+    const int fixedCols = grid_->StillCols();
     if (grid_->Cols() <= fixedCols) return fixedCols;
-    const int room = viewport()->width() - FixedWidth();
+    const int room = viewport()->width() - StillWidth();
     int col = grid_->Cols() - 1;
     int used = ColPx(col);
     while (col - 1 >= fixedCols && used + ColPx(col - 1) <= room) used += ColPx(--col);
@@ -167,7 +175,7 @@ bool FlexGridWidget::CellAt(const QPoint& pos, int& row, int& col) const {
         return -1;
     };
     row = find(pos.y(), grid_->FixedRows(), TopRow(), grid_->Rows(), [this](int r) { return RowPx(r); });
-    col = find(pos.x(), grid_->FixedCols(), LeftCol(), grid_->Cols(), [this](int c) { return ColPx(c); });
+    col = find(pos.x(), grid_->StillCols(), LeftCol(), grid_->Cols(), [this](int c) { return ColPx(c); });
     return row >= 0 && col >= 0;
 }
 
@@ -187,7 +195,7 @@ void FlexGridWidget::UpdateScrollBars() {
     const int maxLeft = MaxLeftCol();
     verticalScrollBar()->setRange(0, maxTop - grid_->FixedRows());
     verticalScrollBar()->setPageStep(std::max(1, grid_->Rows() - maxTop));
-    horizontalScrollBar()->setRange(0, maxLeft - grid_->FixedCols());
+    horizontalScrollBar()->setRange(0, maxLeft - grid_->StillCols());
     horizontalScrollBar()->setPageStep(std::max(1, grid_->Cols() - maxLeft));
     syncing_ = false;
     SyncScrollBars();
@@ -197,14 +205,14 @@ void FlexGridWidget::SyncScrollBars() {
     if (!grid_) return;
     syncing_ = true;
     verticalScrollBar()->setValue(TopRow() - grid_->FixedRows());
-    horizontalScrollBar()->setValue(LeftCol() - grid_->FixedCols());
+    horizontalScrollBar()->setValue(LeftCol() - grid_->StillCols());
     syncing_ = false;
 }
 
 void FlexGridWidget::scrollContentsBy(int, int) {
     if (!grid_ || syncing_) return;
     grid_->SetTopRow(grid_->FixedRows() + verticalScrollBar()->value());
-    grid_->SetLeftCol(grid_->FixedCols() + horizontalScrollBar()->value());
+    grid_->SetLeftCol(grid_->StillCols() + horizontalScrollBar()->value());
     viewport()->update();
 }
 
@@ -223,18 +231,23 @@ void FlexGridWidget::paintEvent(QPaintEvent*) {
     if (!grid_) return;
     const FlexGrid& g = *grid_;
     const int fixedHeight = FixedHeight();
-    const int fixedWidth = FixedWidth();
+    const int stillWidth = StillWidth();
+    const int stillCols = g.StillCols();
 
     Section rowSections[2] = {{0, g.FixedRows() - 1, 0, fixedHeight, true},
                               {TopRow(), TopRow() - 1, fixedHeight, area.height(), false}};
-    Section colSections[2] = {{0, g.FixedCols() - 1, 0, fixedWidth, true},
-                              {LeftCol(), LeftCol() - 1, fixedWidth, area.width(), false}};
+    Section colSections[2] = {{0, stillCols - 1, 0, stillWidth, true},
+                              {LeftCol(), LeftCol() - 1, stillWidth, area.width(), false}};
     if (g.Rows() > g.FixedRows())
         for (int r = TopRow(), y = fixedHeight; r < g.Rows() && y < area.height(); y += RowPx(r++))
             rowSections[1].last = r;
-    if (g.Cols() > g.FixedCols())
-        for (int c = LeftCol(), x = fixedWidth; c < g.Cols() && x < area.width(); x += ColPx(c++))
+    if (g.Cols() > stillCols)
+        for (int c = LeftCol(), x = stillWidth; c < g.Cols() && x < area.width(); x += ColPx(c++))
             colSections[1].last = c;
+    const CellRange selection = Selection();
+    const bool showSelection = selected_ && !selection.IsSingleCell();
+    QColor selectionTint = palette().color(QPalette::Highlight);
+    selectionTint.setAlpha(70);
 
     for (const Section& rows : rowSections) {
         if (rows.first > rows.last) continue;
@@ -244,7 +257,8 @@ void FlexGridWidget::paintEvent(QPaintEvent*) {
             rowY.push_back(y);
             rowH.push_back(RowPx(r));
         }
-        // Merged blocks are painted whole, once; their cells are skipped one by one.
+        // Merged blocks are painted whole, once per column section they reach into; their cells
+        // are skipped one by one.
         std::vector<CellRange> blocks;
         if (g.MergeCells() != flexMergeNever) blocks = g.MergedRanges(rows.first, rows.last);
         const int cols = g.Cols();
@@ -269,20 +283,36 @@ void FlexGridWidget::paintEvent(QPaintEvent*) {
                     PaintCell(painter, QRect(x, y, w, h), r, c, ToQString(g.TextMatrix(r, c)));
                 }
             }
+            // A block the freeze edge cuts shows its text on both sides, as a split pane does.
             for (const CellRange& b : blocks) {
-                const bool blockFixed = b.col1 < g.FixedCols();
-                if (blockFixed != columns.fixed || b.col2 < columns.first || b.col1 > columns.last) continue;
-                const QRect rect = RangeRect(b);
+                CellRange part = b;
+                if (columns.fixed) {
+                    part.col2 = std::min(b.col2, stillCols - 1);
+                } else {
+                    part.col1 = std::max(b.col1, stillCols);
+                    if (b.col2 < columns.first) continue;
+                }
+                if (part.col1 > part.col2 || part.col1 > columns.last) continue;
+                const QRect rect = RangeRect(part);
                 if (rect.width() > 0 && rect.height() > 0)
                     PaintCell(painter, rect, b.row1, b.col1, ToQString(g.TextMatrix(b.row1, b.col1)));
+            }
+            if (showSelection) {
+                const CellRange shown{
+                    std::max(selection.row1, rows.first), std::max(selection.col1, columns.first),
+                    std::min(selection.row2, rows.last), std::min(selection.col2, columns.last)};
+                if (shown.row1 <= shown.row2 && shown.col1 <= shown.col2)
+                    painter.fillRect(RangeRect(shown), selectionTint);
             }
         }
     }
 
-    // The current cell's focus mark, inside the scrolling part.
+    // The current cell's focus mark, clipped to the part of the scrolling rows it stands in.
     if (hasFocus() && !g.IsFixedCell(g.Row(), g.Col())) {
+        const bool inStill = g.Col() < stillCols;
         painter.setClipRect(
-            QRect(fixedWidth, fixedHeight, area.width() - fixedWidth, area.height() - fixedHeight));
+            inStill ? QRect(0, fixedHeight, stillWidth, area.height() - fixedHeight)
+                    : QRect(stillWidth, fixedHeight, area.width() - stillWidth, area.height() - fixedHeight));
         QRect rect = RangeRect(g.MergedRangeAt(g.Row(), g.Col()));
         painter.setPen(QPen(Qt::black, 1, Qt::DotLine));
         painter.drawRect(rect.adjusted(1, 1, -3, -3));
@@ -309,92 +339,6 @@ void FlexGridWidget::PaintCell(QPainter& painter, const QRect& rect, int row, in
     painter.drawText(rect.adjusted(3, 1, -4, -2), flags, text); // clipped to the cell
 }
 
-// --- the user's mouse and keys
-
-void FlexGridWidget::mousePressEvent(QMouseEvent* event) {
-    setFocus(Qt::MouseFocusReason);
-    pressRow_ = -1;
-    if (event->button() != Qt::LeftButton) return;
-    int row = 0, col = 0;
-    if (CellAt(event->position().toPoint(), row, col)) {
-        pressRow_ = row;
-        pressCol_ = col;
-    }
-}
-
-void FlexGridWidget::mouseReleaseEvent(QMouseEvent* event) {
-    if (event->button() != Qt::LeftButton) return;
-    if (swallowRelease_) {
-        swallowRelease_ = false; // the release that ends a double click
-        return;
-    }
-    const int row = pressRow_, col = pressCol_;
-    pressRow_ = -1;
-    if (row >= 0 && CellClicked) CellClicked(row, col);
-}
-
-void FlexGridWidget::mouseDoubleClickEvent(QMouseEvent* event) {
-    if (event->button() != Qt::LeftButton) return;
-    int row = 0, col = 0;
-    if (!CellAt(event->position().toPoint(), row, col)) return;
-    swallowRelease_ = true;
-    if (CellDoubleClicked) CellDoubleClicked(row, col);
-}
-
-void FlexGridWidget::keyPressEvent(QKeyEvent* event) {
-    if (!grid_ || grid_->Rows() <= grid_->FixedRows() || grid_->Cols() <= grid_->FixedCols()) {
-        QAbstractScrollArea::keyPressEvent(event);
-        return;
-    }
-    const int page = std::max(1, verticalScrollBar()->pageStep());
-    int row = grid_->Row(), col = grid_->Col();
-    switch (event->key()) {
-    case Qt::Key_Up:
-        --row;
-        break;
-    case Qt::Key_Down:
-        ++row;
-        break;
-    case Qt::Key_Left:
-        --col;
-        break;
-    case Qt::Key_Right:
-        ++col;
-        break;
-    case Qt::Key_PageUp:
-        row -= page;
-        break;
-    case Qt::Key_PageDown:
-        row += page;
-        break;
-    case Qt::Key_Home:
-        col = grid_->FixedCols();
-        break;
-    case Qt::Key_End:
-        col = grid_->Cols() - 1;
-        break;
-    default:
-        QAbstractScrollArea::keyPressEvent(event);
-        return;
-    }
-    MoveCurrentCell(row, col);
-}
-
-void FlexGridWidget::MoveCurrentCell(int row, int col) {
-    FlexGrid& g = *grid_;
-    row = std::clamp(row, g.FixedRows(), g.Rows() - 1);
-    col = std::clamp(col, g.FixedCols(), g.Cols() - 1);
-    g.SetRow(row);
-    g.SetCol(col);
-    // Scroll just far enough that the cell shows whole.
-    if (row < TopRow()) g.SetTopRow(row);
-    while (TopRow() < row && RowY(row) + RowPx(row) > viewport()->height()) g.SetTopRow(TopRow() + 1);
-    if (col < LeftCol()) g.SetLeftCol(col);
-    while (LeftCol() < col && ColX(col) + ColPx(col) > viewport()->width()) g.SetLeftCol(LeftCol() + 1);
-    SyncScrollBars();
-    viewport()->update();
-}
-
 // --- the binding
 
 namespace {
@@ -419,6 +363,7 @@ protected:
         widget_->SetGrid(nullptr);
         widget_->CellClicked = nullptr;
         widget_->CellDoubleClicked = nullptr;
+        widget_->PrintPreviewRequested = nullptr;
     }
 
 private:

@@ -7,11 +7,13 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPainter>
+#include <QPointer>
 #include <QTimer>
 #include <QVBoxLayout>
 
 #include "controls/dialogs.h"
 #include "controls/screen.h"
+#include "qtui/flex_grid_widget.h"
 #include "qtui/form_view.h"
 #include "qtui/qt_convert.h"
 #include "qtui/user_action.h"
@@ -147,8 +149,11 @@ void MainFrame::AddPrintPreview() {
 
 void MainFrame::PreviewActiveWindow() {
     auto* sub = dynamic_cast<FormSubWindow*>(mdiArea_->currentSubWindow());
-    if (!sub || !sub->Model()) return;
-    Form* form = sub->Model();
+    if (sub && sub->Model()) PreviewWindow(*sub->Model());
+}
+
+void MainFrame::PreviewWindow(Form& window) {
+    Form* form = &window;
     Dialogs& dialogs = mdi_.WindowDialogs();
     RunUserAction([form, &dialogs] {
         form->PrintResult([&dialogs](const PrintJob& job) { dialogs.PrintPreview(job); });
@@ -181,6 +186,11 @@ FormSubWindow* MainFrame::SubWindowOf(const Form& form) const {
 
 void MainFrame::OnCreated(Form& form) {
     auto* window = new FormSubWindow(form, mdiArea_);
+    // The grids' 打印预览… previews the window's result, as Ctrl+P does when it is in front.
+    for (FlexGridWidget* grid : window->View()->findChildren<FlexGridWidget*>())
+        grid->PrintPreviewRequested = [this, sub = QPointer<FormSubWindow>(window)] {
+            if (sub && sub->Model()) PreviewWindow(*sub->Model());
+        };
     // Once the sub-window is gone, nothing refers to the unloaded window any more.
     connect(window, &QObject::destroyed, this, [this] { mdi_.Windows.ReleaseUnloaded(); });
 }

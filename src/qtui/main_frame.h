@@ -50,6 +50,7 @@ private:
     void ApplyMousePointer(int pointer);
     void AddPrintPreview();
     void PreviewActiveWindow();
+    void PreviewWindow(Form& form);
 
     MDIForm1& mdi_;
     QMdiArea* mdiArea_;

@@ -5,6 +5,7 @@
 #include "base/vb_error.h"
 #include "controls/dialogs.h"
 #include "controls/scripted_dialogs.h"
+#include "qtui/run_input_guard.h"
 
 namespace quillon {
 namespace {
@@ -18,6 +19,22 @@ constexpr long kErrInternal = 51;
     std::terminate(); // no dialogs were installed: a mistake of the program's start
 }
 
+// The user's clicks and keys made while the handler runs are dropped (run_input_guard.h).
+class RunScope {
+public:
+    RunScope() : guard_(RunInputGuard::OfApplication()) {
+        if (guard_) guard_->BeginRun();
+    }
+    ~RunScope() {
+        if (guard_) guard_->EndRun();
+    }
+    RunScope(const RunScope&) = delete;
+    RunScope& operator=(const RunScope&) = delete;
+
+private:
+    RunInputGuard* guard_;
+};
+
 } // namespace
 
 void SetUserActionDialogs(Dialogs* dialogs) {
@@ -25,6 +42,7 @@ void SetUserActionDialogs(Dialogs* dialogs) {
 }
 
 void RunUserAction(const std::function<void()>& action) {
+    RunScope run;
     try {
         action();
     } catch (const ProgramEnded&) {

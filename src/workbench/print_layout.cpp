@@ -100,13 +100,16 @@ PrintLayout LayoutPrintJob(const PrintJob& job, const PaperSpec& paper) {
     if (!job.grid) throw std::invalid_argument("a print job needs a grid");
     const FlexGrid& g = *job.grid;
 
+    // The columns that stay put on screen, fixed or frozen by the user, are repeated on the pages
+    // of the columns further right.
     std::vector<int> fixedCols, scrollCols, fixedRows, bodyRows;
     int totalWidth = 0, fixedWidth = 0, fixedHeight = 0;
+    const int stillCols = g.StillCols();
     for (int c = 0; c < g.Cols(); ++c) {
         const int w = g.ColWidth(c);
         if (w <= 0) continue;
         totalWidth += w;
-        if (c < g.FixedCols()) {
+        if (c < stillCols) {
             fixedCols.push_back(c);
             fixedWidth += w;
         } else {

@@ -1,8 +1,8 @@
 // print_layout.h — workbench layer: the printed pages of a grid, worked out once without any
 // toolkit: the orientation, which grid rows and columns stand on which page and where, the header
-// rows repeated at the top of each page, the frozen columns repeated at the left of the pages of
-// columns further right, the title lines and the page footer. All sizes are twips, measured from
-// the paper's top-left corner; a painter only draws what it is told here.
+// rows repeated at the top of each page, the fixed and frozen columns (FlexGrid::StillCols)
+// repeated at the left of the pages of columns further right, the title lines and the page footer. All sizes
+// are twips, measured from the paper's top-left corner; a painter only draws what it is told here.
 #pragma once
 
 #include <string>

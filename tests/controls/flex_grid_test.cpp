@@ -212,6 +212,49 @@ TEST(FlexGrid, ChangingTheFixedBandScrollsBackToItsFirstScrollingCell) {
     EXPECT_EQ(grid.CellTop(), 2 * kDefaultRowHeight);
 }
 
+TEST(FlexGrid, FrozenColumnsStayPutAsFixedOnesDoButStayScrollingCells) {
+    FlexGrid grid; // no fixed column, as the reconciliation grid
+    grid.SetRows(6);
+    grid.SetCols(10);
+    grid.SetFixedCols(0);
+    grid.SetFixedRows(2);
+    grid.SetLeftCol(5);
+    grid.SetFrozenCols(3);
+    EXPECT_EQ(grid.StillCols(), 3);
+    EXPECT_EQ(grid.LeftCol(), 3) << "freezing starts the view at the first column right of the frozen ones";
+    grid.SetLeftCol(1);
+    EXPECT_EQ(grid.LeftCol(), 3) << "frozen columns never scroll";
+    grid.SetLeftCol(6);
+    struct Case {
+        const char* why;
+        int col;
+        int left;
+    };
+    const Case cases[] = {
+        {"a frozen column keeps its place", 2, 2 * kDefaultColWidth},
+        {"the first column on screen right of them", 6, 3 * kDefaultColWidth},
+        {"a column scrolled off lies left of the frozen band's edge", 4, 1 * kDefaultColWidth},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.why);
+        grid.SetRow(3);
+        grid.SetCol(c.col);
+        EXPECT_EQ(grid.CellLeft(), c.left);
+    }
+    EXPECT_FALSE(grid.IsFixedCell(3, 1)) << "a frozen cell still looks and clicks as a scrolling one";
+    grid.ClickCell(3, 1);
+    EXPECT_EQ(grid.Col(), 1);
+
+    grid.SetFrozenCols(40);
+    EXPECT_EQ(grid.StillCols(), 9) << "the last column always scrolls";
+    grid.SetFrozenCols(1);
+    grid.SetFixedCols(2);
+    EXPECT_EQ(grid.StillCols(), 2) << "fixed columns reach further than the freeze";
+    grid.SetFrozenCols(0);
+    EXPECT_EQ(grid.StillCols(), 2);
+    EXPECT_THROW(grid.SetFrozenCols(-1), VbError);
+}
+
 TEST(FlexGrid, ClickOnAScrollingCellMakesItCurrentClickOnAHeaderDoesNot) {
     FlexGrid grid;
     grid.SetRows(5);

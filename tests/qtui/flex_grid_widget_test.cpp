@@ -12,6 +12,7 @@
 #include <memory>
 
 #include "controls/flex_grid.h"
+#include "grid_view.h"
 #include "qt_test_app.h"
 #include "qtui/control_binding.h"
 #include "qtui/qt_convert.h"
@@ -26,42 +27,6 @@ namespace {
 
 const QColor kWhite(0xFF, 0xFF, 0xFF);
 const QColor kButtonFace(0xF0, 0xF0, 0xF0);
-
-// A grid model drawn by its binding, sized in pixels.
-struct GridView {
-    WithApp app;
-    FlexGrid grid{"MSFlexGrid1"};
-    QWidget host;
-    std::unique_ptr<ControlBinding> binding;
-    FlexGridWidget* view = nullptr;
-
-    GridView(int rows, int cols, int width = 400, int height = 300) {
-        grid.SetRows(rows);
-        grid.SetCols(cols);
-        grid.Move(0, 0, PixelsToTwips(width), PixelsToTwips(height));
-        binding = BindControl(grid, &host);
-        view = dynamic_cast<FlexGridWidget*>(binding->Widget());
-        host.resize(width, height);
-        host.show();
-        QApplication::processEvents();
-        view->clearFocus(); // no focus mark over the cells a test looks at
-    }
-
-    QImage Paint() { return Snapshot(*view->viewport()); }
-    QColor PixelAtCentre(int row, int col) { return Paint().pixelColor(view->CellRect(row, col).center()); }
-
-    void Mouse(QEvent::Type type, QPointF at) {
-        QMouseEvent event(type, at, view->viewport()->mapToGlobal(at), Qt::LeftButton,
-                          type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(view->viewport(), &event);
-    }
-    void Mouse(QEvent::Type type, int row, int col) { Mouse(type, view->CellRect(row, col).center()); }
-    void Click(QPointF at) {
-        Mouse(QEvent::MouseButtonPress, at);
-        Mouse(QEvent::MouseButtonRelease, at);
-    }
-    void Click(int row, int col) { Click(view->CellRect(row, col).center()); }
-};
 
 TEST(FlexGridWidget, FixedRowsAndColumnsStayWhileTheRestScrollsAllInTheModelsColours) {
     GridView v(200, 30);

@@ -263,6 +263,42 @@ TEST(PrintLayout, MergedCellsStayMergedWithinEachPage) {
               CellsOf(layout.pages[3]));
 }
 
+// The user froze columns 0-1 of the grid above on screen: they are repeated on the second band
+// as fixed ones would be. The freeze edge cuts 金额 (columns 1-2): column 1 keeps its text alone.
+TEST(PrintLayout, ColumnsTheUserFrozeAreRepeatedOnEveryBand) {
+    FlexGrid grid;
+    Shape(grid, {std::vector<int>(6, 1200), 0, Heights(400, 2, 600, 3), 2});
+    const std::vector<std::vector<std::string>> text = {
+        {"序号", "金额", "金额", "税", "税", "税"},
+        {"序号", "开", "收", "6%", "9%", "13%"},
+        {"1", "a", "b", "c", "d", "1"},
+        {"2", "a", "b", "c", "d", "1"},
+        {"3", "a", "b", "c", "d", "1"},
+    };
+    for (int r = 0; r < grid.Rows(); ++r)
+        for (int c = 0; c < grid.Cols(); ++c) grid.SetTextMatrix(r, c, text[r][c]);
+    grid.SetMergeCells(flexMergeFree);
+    grid.SetMergeRow(0, true);
+    grid.SetMergeCol(0, true);
+    grid.SetMergeCol(5, true);
+    grid.SetFrozenCols(2);
+
+    const PrintLayout layout = LayoutPrintJob({"T", "", &grid}, SmallPaper());
+    ASSERT_EQ(
+        (std::vector<std::string>{"0,1,2,3|0,1,2,3", "0,1,4|0,1,2,3", "0,1,2,3|0,1,4,5", "0,1,4|0,1,4,5"}),
+        Describe(layout));
+    EXPECT_EQ((std::vector<std::string>{
+                  "0,0[0,0-1,0]@600,1100,1200x800", "0,1@1800,1100,1200x400",
+                  "0,3[0,4-0,5]@3000,1100,2400x400", "1,1@1800,1500,1200x400", "1,4@3000,1500,1200x400",
+                  "1,5@4200,1500,1200x400", "2,0@600,1900,1200x600", "2,1@1800,1900,1200x600",
+                  "2,4@3000,1900,1200x600", "2,5[2,5-3,5]@4200,1900,1200x1200", "3,0@600,2500,1200x600",
+                  "3,1@1800,2500,1200x600", "3,4@3000,2500,1200x600"}),
+              CellsOf(layout.pages[2]));
+    grid.SetFrozenCols(0);
+    EXPECT_EQ(Describe(LayoutPrintJob({"T", "", &grid}, SmallPaper())).size(), 4u);
+    EXPECT_EQ(Describe(LayoutPrintJob({"T", "", &grid}, SmallPaper()))[2], "0,1,2,3|4,5") << "unfrozen";
+}
+
 TEST(PrintLayout, AJobWithoutAGridIsRefused) {
     EXPECT_THROW(LayoutPrintJob({"T", "", nullptr}), std::invalid_argument);
 }
