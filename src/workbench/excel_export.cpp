@@ -5,6 +5,7 @@
 #include "controls/dialogs.h"
 #include "controls/flex_grid.h"
 #include "controls/progress_bar.h"
+#include "workbench/sheet_print_setup.h"
 #include "xlsx/workbook.h"
 #include "xlsx/worksheet.h"
 
@@ -54,6 +55,7 @@ void RunSheetWriter(Dialogs& dialogs, const std::string& fileName, const std::st
         std::string path = ExportSavePath(fileName);
         Workbook book;
         writeSheet(book.Worksheets(1));
+        MakeSheetPrintReady(book.Worksheets(1));
         book.SaveAs(path);
         dialogs.MsgBox(successMessage, kTitle, vbInformation);
     } catch (const VbError& e) {
@@ -79,6 +81,7 @@ void CopyGridHeaderRow(FlexGrid& grid, int gridRow, Worksheet& sheet, int sheetR
         sheet.Columns(i + 1).SetColumnWidth(grid.CellWidth() / 110.0);
         sheet.Cells(sheetRow, i + 1).SetValue(grid.TextMatrix(gridRow, i));
     }
+    sheet.PageSetup().AddTitleRow(sheetRow);
 }
 
 } // namespace quillon

@@ -52,14 +52,14 @@ enum class WriterTrap {
 std::string ExportSavePath(const std::string& fileName);
 
 // The writer's frame: cut the path, make the workbook, let writeSheet fill Worksheets(1),
-// save, and show successMessage titled "系统提示". A failure is shown as `trap` says and
-// nothing more is done: the grid and the criteria stay as they are.
+// make it print-ready (sheet_print_setup.h), save, and show successMessage titled "系统提示". A failure is
+// shown as `trap` says and nothing more is done: the grid and the criteria stay as they are.
 void RunSheetWriter(Dialogs& dialogs, const std::string& fileName, const std::string& successMessage,
                     WriterTrap trap, const std::function<void(Worksheet&)>& writeSheet);
 
 // Header row copy: for each of the first `columns` grid columns (all when -1) make (gridRow,
 // column) current, set the sheet column's width to its CellWidth / 110, and write its text into
-// sheetRow. The caller hides the grid.
+// sheetRow, which becomes one of the rows printed on top of every page. The caller hides the grid.
 void CopyGridHeaderRow(FlexGrid& grid, int gridRow, Worksheet& sheet, int sheetRow, int columns = -1);
 
 } // namespace quillon

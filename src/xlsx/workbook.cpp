@@ -153,10 +153,25 @@ public:
                     Check(worksheet_write_blank(ws, Row(row), Col(cell.col), format));
             }
         }
+        WritePageSetup(ws);
         return error_;
     }
 
 private:
+    void WritePageSetup(lxw_worksheet* ws) {
+        const SheetPageSetup& p = sheet_.PageSetup();
+        if (p.landscape) worksheet_set_landscape(ws);
+        if (p.paperSize != 0) worksheet_set_paper(ws, static_cast<uint8_t>(p.paperSize));
+        if (p.fitToPagesWide != 0 || p.fitToPagesTall != 0)
+            worksheet_fit_to_pages(ws, static_cast<uint16_t>(p.fitToPagesWide),
+                                   static_cast<uint16_t>(p.fitToPagesTall));
+        if (p.centerHorizontally) worksheet_center_horizontally(ws);
+        if (p.firstTitleRow > 0) Check(worksheet_repeat_rows(ws, Row(p.firstTitleRow), Row(p.lastTitleRow)));
+        if (!p.footer.empty()) Check(worksheet_set_footer(ws, p.footer.c_str()));
+        if (p.freezeRow > 1 || p.freezeCol > 1)
+            worksheet_freeze_panes(ws, Row(p.freezeRow), Col(p.freezeCol));
+    }
+
     static lxw_row_t Row(int row) { return static_cast<lxw_row_t>(row - 1); }
     static lxw_col_t Col(int col) { return static_cast<lxw_col_t>(col - 1); }
 

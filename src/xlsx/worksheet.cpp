@@ -73,6 +73,14 @@ SheetRange Worksheet::Range(std::string_view address) {
     return SheetRange(this, *area);
 }
 
+int Worksheet::LastUsedColumn() const {
+    int last = columnWidths_.empty() ? 0 : columnWidths_.rbegin()->first;
+    for (const auto& [row, data] : rows_)
+        if (!data.cells.empty()) last = std::max(last, data.cells.back().col);
+    for (const CellArea& m : merges_) last = std::max(last, m.lastCol);
+    return last;
+}
+
 SheetColumn Worksheet::Columns(int col) {
     CheckCell(1, col);
     return SheetColumn(this, col);

@@ -13,6 +13,7 @@
 
 #include "xlsx/cell_area.h"
 #include "xlsx/cell_style.h"
+#include "xlsx/page_setup.h"
 
 namespace quillon {
 
@@ -168,6 +169,12 @@ public:
 
     const std::string& Name() const { return name_; }
 
+    // How the sheet prints and where its panes freeze (no cell is touched).
+    SheetPageSetup& PageSetup() { return pageSetup_; }
+    const SheetPageSetup& PageSetup() const { return pageSetup_; }
+    // The last column holding a cell or a set width; 0 for an empty sheet.
+    int LastUsedColumn() const;
+
     // What the saver and the tests read.
     const std::map<int, RowData>& RowMap() const { return rows_; }
     const std::vector<CellArea>& MergedAreas() const { return merges_; }
@@ -204,6 +211,7 @@ private:
     std::map<int, RowData> rows_;
     std::vector<CellArea> merges_;
     std::map<int, double> columnWidths_;
+    SheetPageSetup pageSetup_;
     std::size_t cellCount_ = 0;
     std::size_t rowWidthHint_ = 1;
     static constexpr std::size_t kMaxRowWidthHint = 64;

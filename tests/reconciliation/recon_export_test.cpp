@@ -69,6 +69,17 @@ void ExpectHeader(const xlsxread::Sheet& sheet, int C, const std::vector<Area>& 
     EXPECT_EQ(sheet.FormatAt(5, C).fillColor, kTotalFill);
 }
 
+// Around its cells the workbook prints as a finance user wants: turned, one page across, the two
+// header rows on every page with the panes frozen under them.
+TEST_F(ReconExport, WorkbookPrintsTurnedOnePageAcrossWithItsHeaderRowsOnEveryPage) {
+    const xlsxread::PrintSetup print = RunAndExport(true).print;
+    EXPECT_EQ(print.orientation, "landscape");
+    EXPECT_EQ(print.fitToWidth, 1);
+    EXPECT_EQ(print.printTitles, "Sheet1!$4:$5");
+    EXPECT_EQ(print.frozenTopLeft, "A6");
+    EXPECT_EQ(print.oddFooter, "&C第 &P 页 共 &N 页");
+}
+
 TEST_F(ReconExport, NewFormMergesBothInvoiceKindsIntoOneHeader) {
     // 4..7 in one cell (增值税普通发票 is lost), 财务交账 over 9..N+9.
     ExpectHeader(RunAndExport(/*newForm*/ true), 14,

@@ -196,6 +196,22 @@ Sheet ReadSheet(zip_t* zip, const std::string& part, const std::vector<std::stri
         auto last = colon == std::string::npos ? first : ParseCellRef(ref.substr(colon + 1));
         sheet.merges.push_back(Area{first.first, first.second, last.first, last.second});
     }
+
+    PrintSetup& print = sheet.print;
+    auto setup = ws.child("pageSetup");
+    print.orientation = setup.attribute("orientation").value();
+    print.paperSize = setup.attribute("paperSize").as_int();
+    print.fitToWidth = setup.attribute("fitToWidth").as_int(1);
+    print.fitToHeight = setup.attribute("fitToHeight").as_int(1);
+    print.fitToPage = ws.child("sheetPr").child("pageSetUpPr").attribute("fitToPage").as_bool();
+    print.horizontalCentered = ws.child("printOptions").attribute("horizontalCentered").as_bool();
+    print.oddFooter = ws.child("headerFooter").child("oddFooter").text().get();
+    auto pane = ws.child("sheetViews").child("sheetView").child("pane");
+    if (std::string(pane.attribute("state").value()) == "frozen") {
+        print.frozenTopLeft = pane.attribute("topLeftCell").value();
+        print.frozenRows = pane.attribute("ySplit").as_int();
+        print.frozenCols = pane.attribute("xSplit").as_int();
+    }
     return sheet;
 }
 
@@ -241,6 +257,11 @@ Book ReadBook(zip_t* zipArchive) {
         auto rel = rels.find(s.attribute("r:id").value());
         if (rel == rels.end()) throw std::runtime_error("sheet without relationship");
         book.sheets.push_back(ReadSheet(zip.get(), rel->second.second, sharedStrings, formats));
+    }
+    for (auto name : wb.child("workbook").child("definedNames").children("definedName")) {
+        const auto sheet = static_cast<std::size_t>(name.attribute("localSheetId").as_int(-1));
+        if (std::string(name.attribute("name").value()) == "_xlnm.Print_Titles" && sheet < book.sheets.size())
+            book.sheets[sheet].print.printTitles = name.text().get();
     }
     return book;
 }

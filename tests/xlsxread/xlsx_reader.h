@@ -52,12 +52,28 @@ struct Row {
     std::optional<CellFormat> format; // the row's own format (s with customFormat)
 };
 
+// How the sheet prints, as the file states it; attributes it leaves out read as Excel's defaults.
+struct PrintSetup {
+    std::string orientation;         // pageSetup orientation: "landscape", "portrait", "" when unset
+    int paperSize = 0;               // pageSetup paperSize (9 is A4), 0 when unset
+    bool fitToPage = false;          // sheetPr/pageSetUpPr fitToPage
+    int fitToWidth = 1;              // pageSetup fitToWidth (0: as many as needed)
+    int fitToHeight = 1;             // pageSetup fitToHeight
+    bool horizontalCentered = false; // printOptions
+    std::string printTitles;         // the sheet's _xlnm.Print_Titles, as "Sheet1!$4:$5"
+    std::string oddFooter;           // headerFooter
+    std::string frozenTopLeft;       // the frozen pane's topLeftCell ("A6"), "" without one
+    int frozenRows = 0;              // its ySplit and xSplit
+    int frozenCols = 0;
+};
+
 struct Sheet {
     std::map<std::pair<int, int>, Cell> cells; // (row, col), 1-based
     std::vector<Area> merges;
     std::map<int, Column> columns; // by column number, each <col> range spread out
     std::map<int, Row> rows;
     CellFormat defaultFormat; // of a cell the file does not hold, in a row without format
+    PrintSetup print;
 
     // The cell at (row, col), or nullptr when the file has no <c> for it.
     const Cell* Find(int row, int col) const;
