@@ -124,8 +124,9 @@ void FormSubWindow::OnFormChanged(Aspect what) {
         setWindowTitle(ToQString(form_->Caption()));
         break;
     case Aspect::Geometry:
-        // A maximised or minimised window keeps the place the frame gives it.
-        if (isMaximized() || isMinimized()) break;
+        // A maximised or minimised window keeps the place the frame gives it. Qt's own flag is no
+        // guide here: the area clears it while it resizes a maximised window to a new frame size.
+        if (placedByFrame_) break;
         setGeometry(TwipsToPixels(form_->Left()), TwipsToPixels(form_->Top()), TwipsToPixels(form_->Width()),
                     TwipsToPixels(form_->Height()));
         break;
@@ -160,8 +161,8 @@ void FormSubWindow::ApplyWindowState() {
 }
 
 // A window that leaves its place at 0,0 is put where the desktop puts new windows: cascaded
-// down and right from the area's corner, past the windows already open. The model learns the
-// place as if the user had moved it there.
+// down and right from the area's corner, past the windows already open, but never further than
+// keeps it wholly inside the area. The model learns the place as if the user had moved it there.
 void FormSubWindow::PlaceByDefault() {
     placed_ = true;
     if (form_->Left() != 0 || form_->Top() != 0 || !mdiArea()) return;
@@ -169,7 +170,8 @@ void FormSubWindow::PlaceByDefault() {
     for (QMdiSubWindow* window : mdiArea()->subWindowList())
         if (window != this && window->isVisible()) ++others;
     const int step = 24 * (others % 8);
-    move(step, step);
+    const QSize room = mdiArea()->viewport()->size();
+    move(std::clamp(room.width() - width(), 0, step), std::clamp(room.height() - height(), 0, step));
     PushGeometry();
 }
 
@@ -182,6 +184,12 @@ void FormSubWindow::closeEvent(QCloseEvent* event) {
     event->ignore();
     Form* form = form_;
     RunUserAction([form] { form->Close(); });
+}
+
+void FormSubWindow::changeEvent(QEvent* event) {
+    QMdiSubWindow::changeEvent(event);
+    if (event->type() == QEvent::WindowStateChange)
+        placedByFrame_ = windowState() & (Qt::WindowMaximized | Qt::WindowMinimized);
 }
 
 void FormSubWindow::moveEvent(QMoveEvent* event) {

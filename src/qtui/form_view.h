@@ -56,6 +56,7 @@ public:
     void Detach();
 
 protected:
+    void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void moveEvent(QMoveEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -72,6 +73,7 @@ private:
     Event<>::Id unloadedId_ = 0;
     bool syncing_ = false;
     bool placed_ = false;
+    bool placedByFrame_ = false; // maximised or minimised
 };
 
 } // namespace quillon

@@ -68,6 +68,9 @@ MainFrame::MainFrame(MDIForm1& mdi, const QPixmap& banner) : mdi_(mdi) {
     mdiArea_ = new QMdiArea(central);
     mdiArea_->setFrameShape(QFrame::NoFrame);
     mdiArea_->setBackground(ColorFromBgr(0x8000000C));
+    // A window larger than the frame is scrolled to, not cut off.
+    mdiArea_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    mdiArea_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     mdiArea_->viewport()->installEventFilter(this);
     layout->addWidget(banner_);
     layout->addWidget(mdiArea_, 1);

@@ -11,12 +11,14 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPainter>
+#include <QScrollBar>
 
 #include "controls/flex_grid.h"
 #include "controls/screen.h"
 #include "controls/scripted_dialogs.h"
 #include "qt_test_app.h"
 #include "qtui/form_view.h"
+#include "qtui/qt_convert.h"
 #include "qtui/user_action.h"
 #include "shell/app_session.h"
 #include "shell/main_window.h"
@@ -161,6 +163,88 @@ TEST(MainFrame, AWindowMaximisedOnActivationStaysMaximised) {
     ASSERT_NE(window, nullptr);
     EXPECT_TRUE(window->isMaximized());
     EXPECT_EQ(window->size(), f.frame->MdiArea()->viewport()->size());
+}
+
+// A window of a given size in pixels, registered under a report window's name.
+class SizedForm : public Form {
+public:
+    SizedForm(const char* name, QSize size) : Form(name, name) {
+        Move(0, 0, PixelsToTwips(size.width()), PixelsToTwips(size.height()));
+    }
+};
+
+void RegisterSized(MDIForm1& mdi, const char* name, QSize size) {
+    mdi.Windows.Register(name, [name, size](AppSession&, Dialogs&) -> std::unique_ptr<Form> {
+        return std::make_unique<SizedForm>(name, size);
+    });
+}
+
+TEST(MainFrame, AMaximisedWindowFollowsTheFrameAndItsModelTheNewSize) {
+    Framed f;
+    f.Pick("预开票汇总表");
+    Form* form = f.mdi->Windows.Find("frm预开票汇总表");
+    ASSERT_NE(form, nullptr);
+    RunUserAction([form] { form->SetWindowState(2); });
+    QApplication::processEvents();
+    FormSubWindow* window = f.frame->SubWindowOf(*form);
+    ASSERT_TRUE(window->isMaximized());
+    for (const QSize frameSize : {QSize(1300, 900), QSize(800, 520)}) {
+        SCOPED_TRACE(frameSize.width());
+        f.frame->resize(frameSize);
+        QApplication::processEvents();
+        const QSize area = f.frame->MdiArea()->viewport()->size();
+        EXPECT_EQ(window->geometry(), QRect(QPoint(0, 0), area)) << "the whole area, no more";
+        EXPECT_TRUE(window->isMaximized());
+        EXPECT_EQ(form->WindowState(), 2);
+        EXPECT_EQ(form->ScaleWidth(), PixelsToTwips(window->widget()->width())) << "Form_Resize ran for it";
+        EXPECT_EQ(form->ScaleHeight(), PixelsToTwips(window->widget()->height()));
+    }
+}
+
+TEST(MainFrame, AWindowLargerThanTheFrameIsScrolledToAndCascadedOnesStayInside) {
+    Framed f;
+    f.frame->resize(900, 600);
+    QApplication::processEvents();
+    const QSize area = f.frame->MdiArea()->viewport()->size();
+    const QSize nearlyArea = area - QSize(30, 30);
+    RegisterSized(*f.mdi, "frm停车费明细表New", nearlyArea);
+    RegisterSized(*f.mdi, "frm预开票汇总表", nearlyArea);
+    RegisterSized(*f.mdi, "frm票据核对表", nearlyArea);
+    RegisterSized(*f.mdi, "frm票据开票明细表New", area + QSize(200, 150));
+    f.Pick("停车费明细表");
+    f.Pick("预开票汇总表");
+    f.Pick("开票票据核对表");
+    struct Case {
+        const char* why;
+        const char* name;
+        QPoint place;
+    };
+    const Case cases[] = {
+        {"the first at the corner", "frm停车费明细表New", QPoint(0, 0)},
+        {"the second one step on: it still fits", "frm预开票汇总表", QPoint(24, 24)},
+        {"the third would stick out two steps on: it stops at the edge", "frm票据核对表", QPoint(30, 30)},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.why);
+        Form* form = f.mdi->Windows.Find(c.name);
+        ASSERT_NE(form, nullptr);
+        FormSubWindow* window = f.frame->SubWindowOf(*form);
+        EXPECT_EQ(window->pos(), c.place);
+        EXPECT_TRUE(QRect(QPoint(0, 0), area).contains(window->geometry())) << "wholly inside";
+        EXPECT_EQ(form->Left(), PixelsToTwips(c.place.x())) << "the model knows the place";
+    }
+    EXPECT_EQ(f.frame->MdiArea()->horizontalScrollBar()->maximum(), 0) << "nothing sticks out yet";
+
+    f.Pick("增值税开票明细表");
+    Form* large = f.mdi->Windows.Find("frm票据开票明细表New");
+    ASSERT_NE(large, nullptr);
+    EXPECT_EQ(f.frame->SubWindowOf(*large)->pos(), QPoint(0, 0)) << "too large to cascade: at the corner";
+    QApplication::processEvents();
+    QScrollBar* across = f.frame->MdiArea()->horizontalScrollBar();
+    QScrollBar* down = f.frame->MdiArea()->verticalScrollBar();
+    EXPECT_TRUE(across->isVisible());
+    EXPECT_TRUE(down->isVisible());
+    EXPECT_GE(across->maximum(), 200 - down->width()) << "scrolled far enough to reach its right edge";
 }
 
 TEST(MainFrame, CloseBoxAnsweredNoKeepsTheProgram) {
