@@ -19,10 +19,13 @@ if [ -x build/src/quillon ] && [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
   exec build/src/quillon --demo "$@"
 fi
 
-# No display (or no GUI built): the same windows, headless, on a demo database.
+# No display (or no GUI built): the same windows, headless, on the demo database the program
+# opens, whose two years end with this month; the report covers the last full year of it.
 demo="${XDG_DATA_HOME:-$HOME/.local/share}/Quillon/demo.db"
 mkdir -p "$(dirname "$demo")"
-[ -f "$demo" ] || build/src/quillon-cli demo-db "$demo"
-echo "No display: the reconciliation report of 2024 for 天河花园管理处, headless, from $demo." >&2
+build/src/quillon-cli demo-db "$demo" --end-month "$(date +%Y-%m)"
+year=$(date +%Y)
+[ "$(date +%m)" = 12 ] || year=$((year - 1))
+echo "No display: the reconciliation report of $year for 天河花园管理处, headless, from $demo." >&2
 exec build/src/quillon-cli run recon --db "$demo" --form 票据核对表 --dept 010101 --office 1 \
-  --year 2024 --from 01 --to 12
+  --year "$year" --from 01 --to 12

@@ -162,7 +162,7 @@ int Run(QApplication& app) {
     if (options.demo) {
         const auto path = DemoDatabasePath(UserDataRoot());
         try {
-            if (EnsureDemoDatabase(path))
+            if (EnsureDemoDatabase(path, DemoEndingIn(DateTime::Today())))
                 std::fprintf(stderr, "quillon: demo database written to %s\n", path.c_str());
         } catch (const std::exception& e) {
             std::fprintf(stderr, "quillon: %s\n", e.what());

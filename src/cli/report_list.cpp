@@ -104,7 +104,9 @@ const ReportEntry* FindReport(std::string_view name) {
 std::string ProgramUsage() {
     std::string text =
         "usage:\n"
-        "  quillon-cli demo-db FILE [--invoices N] [--seed S]   write the demo billing database\n"
+        "  quillon-cli demo-db FILE [--invoices N] [--seed S] [--end-month YYYY-MM]\n"
+        "                                                       write the demo billing database: two\n"
+        "                                                       years to 2025-12, or to the month given\n"
         "  quillon-cli catalog --db FILE                        print the catalogues the windows load\n"
         "  quillon-cli start [--config DIR]                     start as the program does, from the\n"
         "                                                       settings store\n"

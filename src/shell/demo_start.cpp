@@ -13,7 +13,8 @@ std::filesystem::path DemoDatabasePath(const std::filesystem::path& dataRoot) {
 
 bool EnsureDemoDatabase(const std::filesystem::path& path, const DemoOptions& options) {
     std::error_code error;
-    if (std::filesystem::exists(path, error) && ReadDemoDataVersion(path.string()) == kDemoDataVersion)
+    if (std::filesystem::exists(path, error) && ReadDemoDataVersion(path.string()) == kDemoDataVersion &&
+        ReadDemoLastMonth(path.string()) == options.lastYear * 100 + options.lastMonth)
         return false;
     std::filesystem::create_directories(path.parent_path(), error);
     if (error)
@@ -28,6 +29,13 @@ bool EnsureDemoDatabase(const std::filesystem::path& path, const DemoOptions& op
         throw std::runtime_error("cannot move the demo database to " + path.string());
     }
     return true;
+}
+
+DemoOptions DemoEndingIn(const DateTime& today) {
+    DemoOptions options;
+    options.lastYear = today.year;
+    options.lastMonth = today.month;
+    return options;
 }
 
 void PointSettingsAtDemo(OverlaySettingsStore& settings, const std::filesystem::path& database) {

@@ -71,6 +71,17 @@ expect_run(2 COMMAND "${CLI}" frobnicate EXPECT "unknown command 'frobnicate'" "
 expect_run(2 COMMAND "${CLI}" --bogus EXPECT "unknown option '--bogus'")
 expect_run(2 COMMAND "${CLI}" ${recon} --config cfg EXPECT "--db or --config, not both")
 expect_run(2 COMMAND "${CLI}" demo-db EXPECT "demo-db needs exactly one FILE")
+expect_run(2 COMMAND "${CLI}" demo-db moved.db --end-month 2026-13 EXPECT "--end-month wants YYYY-MM")
+
+# Books moved to end in a month: the reconciliation of that month has its rows.
+expect_run(0 COMMAND "${CLI}" demo-db moved.db --invoices 1500 --end-month 2026-11 EXPECT "books ending 2026-11")
+expect_run(0 COMMAND "${CLI}" run recon --db moved.db --form 票据核对表 --dept 010101 --year 2026 --from 11 --to 11
+           --tsv moved.tsv)
+file(READ "${WORK}/moved.tsv" moved)
+string(FIND "${moved}" "\t202611\t" at)
+if(at EQUAL -1)
+  message(FATAL_ERROR "no row of 2026-11 in the reconciliation of the moved books:\n${moved}")
+endif()
 
 # Without --db a report connects as the program does, from the settings store.
 file(WRITE "${WORK}/cfg/Quillon/Quillon.ini" "[DBConfig]\nProvider=SQLite\nSvr=${WORK}/demo.db\n")

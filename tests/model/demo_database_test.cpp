@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
+#include <cstdio>
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <string>
@@ -323,20 +325,70 @@ sqlite3* DefaultDemo() {
     return db;
 }
 
-// A department and year a user would pick in a detail report.
+// Both demos again with their books moved to end in November 2026: every date eleven months on.
+constexpr int kMovedMonths = 11;
+sqlite3* MovedDemo(int invoices) {
+    static TempDir dir;
+    const std::string file = dir.File("moved" + std::to_string(invoices) + ".db");
+    if (!std::filesystem::exists(file))
+        WriteDemoDatabase(file, {.invoices = invoices, .lastYear = 2026, .lastMonth = 11});
+    sqlite3* opened = nullptr;
+    sqlite3_open_v2(file.c_str(), &opened, SQLITE_OPEN_READONLY, nullptr);
+    return opened; // one per size for the program's life
+}
+sqlite3* SmallMovedDemo() {
+    static sqlite3* db = MovedDemo(kSmallDemo);
+    return db;
+}
+sqlite3* DefaultMovedDemo() {
+    static sqlite3* db = MovedDemo(DemoOptions{}.invoices);
+    return db;
+}
+
+// A demo database and how far its books are moved from 2024-01 .. 2025-12.
+struct Books {
+    const char* name;
+    sqlite3* db;
+    int movedMonths;
+};
+
+std::vector<Books> EveryDemo() {
+    return {{"small demo", SmallDemo(), 0},
+            {"default demo", DefaultDemo(), 0},
+            {"small demo moved", SmallMovedDemo(), kMovedMonths},
+            {"default demo moved", DefaultMovedDemo(), kMovedMonths}};
+}
+
+// "yyyy-mm-dd" of the first or last day of a month counted as year * 12 + month - 1.
+std::string MonthDay(int monthIndex, bool last) {
+    const int y = monthIndex / 12, m = monthIndex % 12 + 1;
+    const bool leap = (y % 4 == 0 && y % 100 != 0) || y % 400 == 0;
+    const int days[] = {31, leap ? 29 : 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    char text[32];
+    std::snprintf(text, sizeof text, "%04d-%02d-%02d", y, m, last ? days[m - 1] : 1);
+    return text;
+}
+
+// A department and a year of the books a user would pick in a detail report: the calendar year,
+// or the twelve months it became where the books were moved.
 struct Pick {
     const char* dept;
     const char* year;
 };
 
-// What a report shows for a pick: a counting statement with {dept} and {year} in it.
+// What a report shows for a pick: a counting statement with {dept}, and {first} and {last}, the
+// first and last day of the pick's year.
 struct Situation {
     const char* why;
     std::string countSql; // must count at least one row for every pick
 };
 
-std::string Filled(std::string sql, const Pick& pick) {
-    for (const auto& [key, value] : {std::pair{"{dept}", pick.dept}, std::pair{"{year}", pick.year}})
+std::string Filled(std::string sql, const Pick& pick, int movedMonths) {
+    const int january = std::stoi(pick.year) * 12 + movedMonths;
+    const std::pair<const char*, std::string> keys[] = {{"{dept}", pick.dept},
+                                                        {"{first}", MonthDay(january, false)},
+                                                        {"{last}", MonthDay(january + 11, true)}};
+    for (const auto& [key, value] : keys)
         for (std::size_t at = sql.find(key); at != std::string::npos; at = sql.find(key, at))
             sql.replace(at, std::string(key).size(), value);
     return sql;
@@ -344,22 +396,22 @@ std::string Filled(std::string sql, const Pick& pick) {
 
 void ExpectEverySituationForEveryPick(const std::vector<Pick>& picks,
                                       const std::vector<Situation>& situations) {
-    for (const auto& [size, db] :
-         {std::pair{"small demo", SmallDemo()}, std::pair{"default demo", DefaultDemo()}})
+    for (const Books& books : EveryDemo())
         for (const Pick& pick : picks)
             for (const Situation& s : situations) {
-                SCOPED_TRACE(std::string(size) + ", " + pick.dept + " in " + pick.year + ": " + s.why);
-                const std::string sql = Filled(s.countSql, pick);
-                EXPECT_GT(CountOf(db, sql), 0) << sql;
+                SCOPED_TRACE(std::string(books.name) + ", " + pick.dept + " in " + pick.year + ": " + s.why);
+                const std::string sql = Filled(s.countSql, pick, books.movedMonths);
+                EXPECT_GT(CountOf(books.db, sql), 0) << sql;
             }
 }
 
 // Bills of the pick's department invoiced in its year, and those of them still open at the
 // year's end: not voided, not exchanged, not paid by 12-31.
-const std::string kIssuedInYear = "b.开票部门编号 = '{dept}' AND substr(b.开票日期, 1, 4) = '{year}'";
+const std::string kIssuedInYear =
+    "b.开票部门编号 = '{dept}' AND substr(b.开票日期, 1, 10) BETWEEN '{first}' AND '{last}'";
 const std::string kOpenAtYearEnd =
     kIssuedInYear + " AND b.作废日期 IS NULL AND b.内换日期 IS NULL AND (b.收款日期 IS NULL OR "
-                    "substr(b.收款日期, 1, 10) > '{year}-12-31')";
+                    "substr(b.收款日期, 1, 10) > '{last}')";
 const std::string kParkingLine =
     "票据开票数据 l INNER JOIN SetupSFXM ON l.收费项目代号 = DH WHERE l.入库单编号 = b.入库单编号 AND "
     "l.票据编号 = b.票据编号 AND 收费类别 LIKE '%停车%'";
@@ -369,15 +421,17 @@ TEST(DemoReports, PreInvoiceDetailOfEachYearIsFullForEstatesAndTheCarPark) {
         {"open bill paid in a later year", "票据 b WHERE " + kOpenAtYearEnd + " AND b.收款日期 IS NOT NULL"},
         {"open bill never paid", "票据 b WHERE " + kOpenAtYearEnd + " AND b.收款日期 IS NULL"},
         {"bill paid within the year",
-         "票据 b WHERE " + kIssuedInYear + " AND b.作废日期 IS NULL AND substr(b.收款日期, 1, 4) = '{year}'"},
+         "票据 b WHERE " + kIssuedInYear +
+             " AND b.作废日期 IS NULL AND substr(b.收款日期, 1, 10) BETWEEN '{first}' AND '{last}'"},
         {"unpaid bill voided",
          "票据 b WHERE " + kIssuedInYear + " AND b.作废日期 IS NOT NULL AND b.收款日期 IS NULL"},
         {"open bill exchanged internally, its open new bill naming it",
          "票据 a INNER JOIN 票据 b ON b.入库单编号 = a.对应调换票据入库单 AND b.票据编号 = a.内换票据编号 "
          "WHERE " +
              kOpenAtYearEnd +
-             " AND a.内换日期 IS NOT NULL AND substr(a.开票日期, 1, 4) = '{year}' AND (a.收款日期 IS NULL OR "
-             "substr(a.收款日期, 1, 10) > '{year}-12-31') AND b.被换票入库单编号 = a.入库单编号 AND "
+             " AND a.内换日期 IS NOT NULL AND substr(a.开票日期, 1, 10) BETWEEN '{first}' AND '{last}' AND "
+             "(a.收款日期 IS NULL OR "
+             "substr(a.收款日期, 1, 10) > '{last}') AND b.被换票入库单编号 = a.入库单编号 AND "
              "b.被换票票据编号 = a.票据编号"},
         {"open bill with lines of two parking items (two rows of the split table)",
          "(SELECT 1 FROM 票据 b INNER JOIN 票据开票数据 l ON l.入库单编号 = b.入库单编号 AND l.票据编号 = "
@@ -407,10 +461,12 @@ TEST(DemoReports, ParkingFeeDetailOfEachYearFoldsBatchesOfTheCarParksAndEstates)
     // Bills of one lot collected at one time (the report's rows), of parking items.
     const std::string batches =
         "(SELECT b.入库单编号 AS lot, b.收款日期 AS paid, COUNT(*) AS n, MAX(CAST(substr(b.票据编号, -10) AS "
-        "INTEGER)) - MIN(CAST(substr(b.票据编号, -10) AS INTEGER)) AS span, SUM(substr(b.开票日期, 1, 4) = "
-        "'{year}') AS issuedInYear, SUM(b.交易订单号 IS NOT NULL) AS orders, SUM(b.收款方式 = '微信') AS "
+        "INTEGER)) - MIN(CAST(substr(b.票据编号, -10) AS INTEGER)) AS span, SUM(substr(b.开票日期, 1, 10) "
+        "BETWEEN '{first}' AND '{last}') AS issuedInYear, SUM(b.交易订单号 IS NOT NULL) AS orders, "
+        "SUM(b.收款方式 = '微信') AS "
         "wechat "
-        "FROM 票据 b WHERE b.开票部门编号 = '{dept}' AND substr(b.收款日期, 1, 4) = '{year}' AND b.作废日期 "
+        "FROM 票据 b WHERE b.开票部门编号 = '{dept}' AND substr(b.收款日期, 1, 10) BETWEEN '{first}' AND "
+        "'{last}' AND b.作废日期 "
         "IS "
         "NULL AND b.内换日期 IS NULL AND EXISTS (SELECT 1 FROM " +
         kParkingLine + ") GROUP BY b.入库单编号, b.收款日期 HAVING COUNT(*) > 1)";
@@ -449,23 +505,65 @@ TEST(DemoReports, InvoiceDetailTakesItsMaintenanceFundFormInBothYears) {
 // invoice of the year, not returned, voided or exchanged, paid after the year or unpaid and
 // flagged 预开, on an item that is set up.
 TEST(DemoReports, PreInvoiceSummaryOfEachYearFillsEveryListedOffice) {
-    // The default demo, which the program and demo-db write; the small one is too small for it.
-    sqlite3* db = DefaultDemo();
-    for (const std::string year : {"2024", "2025"}) {
-        SCOPED_TRACE(year);
-        const std::string offices = "设置管理处 o WHERE o.终止日期 IS NULL";
-        EXPECT_GE(CountOf(db, offices), 10);
-        EXPECT_EQ(
-            CountOf(db, offices +
-                            " AND NOT EXISTS (SELECT 1 FROM 票据 b INNER JOIN 票据开票数据 l ON l.票据id = "
-                            "b.ID INNER JOIN SetupSFXM ON l.收费项目代号 = DH WHERE b.开票部门编号 = "
-                            "o.对应部门代号 AND substr(b.开票日期, 1, 4) = '" +
-                            year +
-                            "' AND b.退票日期 IS NULL AND b.作废日期 IS NULL AND b.内换日期 IS NULL AND "
-                            "((b.收款日期 IS NULL AND b.预开 = 1) OR substr(b.收款日期, 1, 10) > '" +
-                            year + "-12-31'))"),
-            0);
+    // The default demo, which the program and demo-db write, as made and moved; the small one is
+    // too small for it.
+    for (const Books& books : EveryDemo()) {
+        if (books.db == SmallDemo() || books.db == SmallMovedDemo()) continue;
+        for (const char* year : {"2024", "2025"}) {
+            SCOPED_TRACE(std::string(books.name) + ", " + year);
+            const std::string offices = "设置管理处 o WHERE o.终止日期 IS NULL";
+            EXPECT_GE(CountOf(books.db, offices), 10);
+            const std::string unlisted =
+                " AND NOT EXISTS (SELECT 1 FROM 票据 b INNER JOIN 票据开票数据 l ON l.票据id = b.ID INNER "
+                "JOIN "
+                "SetupSFXM ON l.收费项目代号 = DH WHERE b.开票部门编号 = o.对应部门代号 AND "
+                "substr(b.开票日期, 1, "
+                "10) BETWEEN '{first}' AND '{last}' AND b.退票日期 IS NULL AND b.作废日期 IS NULL AND "
+                "b.内换日期 IS "
+                "NULL AND ((b.收款日期 IS NULL AND b.预开 = 1) OR substr(b.收款日期, 1, 10) > '{last}'))";
+            EXPECT_EQ(CountOf(books.db, Filled(offices + unlisted, {"", year}, books.movedMonths)), 0);
+        }
     }
+}
+
+// Moved books span the two years before their last month, say so in the file, and move the dates
+// of the catalogues and the cut-off day with the bills.
+TEST(DemoDatabase, MovedBooksEndInTheirMonthAndMoveEveryDate) {
+    struct Case {
+        const char* why;
+        sqlite3* db;
+        std::string countSql; // must count exactly one
+    };
+    const Case cases[] = {
+        {"first bills in 2024-12", SmallMovedDemo(),
+         "SELECT MIN(substr(开票日期, 1, 7)) = '2024-12' FROM 票据"},
+        {"last bills in 2026-11", SmallMovedDemo(),
+         "SELECT MAX(substr(开票日期, 1, 7)) = '2026-11' FROM 票据"},
+        {"unmoved: 2024-01", SmallDemo(), "SELECT MIN(substr(开票日期, 1, 7)) = '2024-01' FROM 票据"},
+        {"unmoved: 2025-12", SmallDemo(), "SELECT MAX(substr(开票日期, 1, 7)) = '2025-12' FROM 票据"},
+        {"a link ended 2024-03-31 ends on February's last day", SmallMovedDemo(),
+         "上级部门new WHERE 终止日期 = '2025-02-28'"},
+        {"unmoved, it ends 2024-03-31", SmallDemo(), "上级部门new WHERE 终止日期 = '2024-03-31'"},
+        {"nothing paid or approved after the cut-off day moved to 2026-12-10", SmallMovedDemo(),
+         "SELECT (SELECT COUNT(*) FROM 票据 WHERE 收款日期 >= '2026-12-11' OR 退票日期 >= '2026-12-11') + "
+         "(SELECT COUNT(*) FROM 收入凭证 WHERE 审批日期 >= '2026-12-11') = 0"},
+        {"month lists of the lines moved too", SmallMovedDemo(),
+         "SELECT MAX(substr(摘要, 1, 6)) > '202512' FROM 票据开票数据 WHERE 摘要 GLOB "
+         "'[0-9][0-9][0-9][0-9][0-9][0-9]*'"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.why);
+        EXPECT_EQ(CountOf(c.db, c.countSql), 1) << c.countSql;
+    }
+}
+
+TEST(DemoDatabase, TheBooksLastMonthIsStampedIntoTheFile) {
+    TempDir dir;
+    WriteDemoDatabase(dir.File("a.db"), {.invoices = kSmallDemo, .lastYear = 2026, .lastMonth = 11});
+    WriteDemoDatabase(dir.File("b.db"), {.invoices = kSmallDemo});
+    EXPECT_EQ(ReadDemoLastMonth(dir.File("a.db")), 202611);
+    EXPECT_EQ(ReadDemoLastMonth(dir.File("b.db")), 202512);
+    EXPECT_EQ(ReadDemoLastMonth(dir.File("none.db")), 0);
 }
 
 } // namespace

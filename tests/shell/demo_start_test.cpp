@@ -97,5 +97,25 @@ TEST(DemoStart, DatabaseIsMadeOnceInTheDataFolderAndTheStartUpOpensIt) {
     }
 }
 
+// The program's demo ends with the month it is started in: a demo of an earlier month is made
+// anew, one of this month is reused.
+TEST(DemoStart, TheDemoEndsThisMonthAndIsMadeAnewInTheNext) {
+    const DemoOptions november = DemoEndingIn(DateTime{2026, 11, 24});
+    EXPECT_EQ(november.lastYear, 2026);
+    EXPECT_EQ(november.lastMonth, 11);
+    EXPECT_EQ(november.invoices, DemoOptions{}.invoices) << "otherwise the demo the program always made";
+
+    TempDir root;
+    const auto path = DemoDatabasePath(root.Path());
+    DemoOptions small = november;
+    small.invoices = 100;
+    EXPECT_TRUE(EnsureDemoDatabase(path, small));
+    EXPECT_FALSE(EnsureDemoDatabase(path, small)) << "the same month: reused";
+    EXPECT_EQ(ReadDemoLastMonth(path.string()), 202611);
+    small.lastMonth = 12;
+    EXPECT_TRUE(EnsureDemoDatabase(path, small)) << "a month later: made anew";
+    EXPECT_EQ(ReadDemoLastMonth(path.string()), 202612);
+}
+
 } // namespace
 } // namespace quillon

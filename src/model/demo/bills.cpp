@@ -89,7 +89,7 @@ Line DemoBuilder::MakeLine(int office, int type, int item, int day, int area) {
         const int form = monthlyLines_++ % 15;
         if (form != 8) {
             std::string s;
-            for (int m : line.months) s += YearMonthText(m) + ",";
+            for (int m : line.months) s += calendar_.YearMonth(m) + ",";
             if (form == 5 || form == 12) s.pop_back();
             line.summary = s;
         }
@@ -262,7 +262,7 @@ void DemoBuilder::SetPayment(Draft& d, Scenario s) {
 }
 
 std::string DemoBuilder::OrderNumber(const std::string& mode, int day) {
-    return mode == "支付宝" ? IsoDate(day).substr(0, 4) + Digits(rng_, 24) : "4200" + Digits(rng_, 24);
+    return mode == "支付宝" ? calendar_.Date(day).substr(0, 4) + Digits(rng_, 24) : "4200" + Digits(rng_, 24);
 }
 
 } // namespace quillon::demo

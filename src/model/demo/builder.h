@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "model/demo/calendar.h"
 #include "model/demo/draft.h"
 #include "model/demo/office_state.h"
 #include "model/demo/rng.h"
@@ -17,13 +18,15 @@ namespace quillon::demo {
 
 class DemoBuilder {
 public:
-    explicit DemoBuilder(unsigned seed) : rng_(seed) {}
+    // shiftMonths: how far the books are moved on their way out (BookCalendar).
+    DemoBuilder(unsigned seed, int shiftMonths) : rng_(seed), calendar_(shiftMonths) {}
 
     void BuildProperty();
     void BuildInvoices(int count);
     void NumberInvoices();
 
     Rng rng_;
+    const BookCalendar calendar_; // every date text written goes through it
     int monthlyLines_ = 0, onlineParking_ = 0, openBills_ = 0;
     std::vector<OfficeState> offices_;
     std::vector<Draft> drafts_;

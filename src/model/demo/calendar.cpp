@@ -1,6 +1,7 @@
 // calendar.cpp — model layer, demo data: civil dates and their texts.
 #include "model/demo/calendar.h"
 
+#include <algorithm>
 #include <cstdio>
 
 namespace quillon::demo {
@@ -59,6 +60,23 @@ int FirstDayOfYear(int day) {
 
 int LastDayOfYear(int day) {
     return DaysFromCivil(CivilFromDays(day).y, 12, 31);
+}
+
+int BookCalendar::ShiftEndingIn(int year, int month) {
+    return year * 12 + month - 1 - MonthIndex(kLastDay);
+}
+
+int BookCalendar::Day(int day) const {
+    if (shift_ == 0) return day;
+    const Civil c = CivilFromDays(day);
+    const int month = c.y * 12 + c.m - 1 + shift_;
+    const int first = DaysFromCivil(month / 12, month % 12 + 1, 1);
+    return std::min(first + c.d - 1, LastDayOfMonth(first));
+}
+
+std::optional<std::string> BookCalendar::Date(const char* iso) const {
+    if (!iso) return std::nullopt;
+    return Date(DayOf(iso));
 }
 
 } // namespace quillon::demo

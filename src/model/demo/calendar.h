@@ -2,6 +2,7 @@
 // span of the demo's books, and the ISO texts the billing tables store dates in.
 #pragma once
 
+#include <optional>
 #include <string>
 
 namespace quillon::demo {
@@ -40,5 +41,25 @@ int LastDayOfMonth(int day);
 // First and last day of the day's year.
 int FirstDayOfYear(int day);
 int LastDayOfYear(int day);
+
+// The books as they are written: the generator works on its fixed span above and every date is
+// moved by whole months on its way out, to the same day of the month, or to the month's last day
+// when that month is shorter. So the same seed makes the same books whatever month they end in.
+class BookCalendar {
+public:
+    explicit BookCalendar(int shiftMonths = 0) : shift_(shiftMonths) {}
+    // The shift that makes the books' last month year-month (1..12).
+    static int ShiftEndingIn(int year, int month);
+
+    int Day(int day) const;
+    std::string Date(int day) const { return IsoDate(Day(day)); }
+    std::string DateTime(int day, int second) const { return IsoDateTime(Day(day), second); }
+    std::string YearMonth(int monthIndex) const { return YearMonthText(monthIndex + shift_); }
+    // A "yyyy-mm-dd" of the fixed span moved alike; none stays none.
+    std::optional<std::string> Date(const char* iso) const;
+
+private:
+    int shift_;
+};
 
 } // namespace quillon::demo

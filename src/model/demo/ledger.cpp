@@ -15,9 +15,9 @@ std::int64_t DemoWriter::NewVoucher(int day, bool refund, const std::string& mod
     if (approveDay > kCutDay || n % 13 == 7) {
         // still waiting for approval
     } else if (n % 23 == 4) { // looked at and turned down
-        v.approved = IsoDate(approveDay);
+        v.approved = b_.calendar_.Date(approveDay);
     } else {
-        v.approved = IsoDate(approveDay);
+        v.approved = b_.calendar_.Date(approveDay);
         v.agreed = 1;
     }
     vouchers_.push_back(v);
@@ -63,7 +63,7 @@ void DemoWriter::LedgerRow(std::optional<int> owner, std::optional<int> reg, std
         .Bind(Money(amount))
         .Bind(Money(amount - TaxOf(amount, rate)));
     if (paidDay)
-        ledger_->Bind(IsoDate(*paidDay));
+        ledger_->Bind(b_.calendar_.Date(*paidDay));
     else
         ledger_->Null();
     ledger_->Bind(taker).Bind(mode).Bind(lot).Bind(number).Run();
@@ -107,8 +107,8 @@ void DemoWriter::WriteLedger() {
             const Cents k = static_cast<Cents>(l.months.size());
             for (std::size_t m = 0; m < l.months.size(); ++m) {
                 const Cents part = l.amount / k + (m + 1 == l.months.size() ? l.amount % k : 0);
-                LedgerRow(owner, reg, space, l.item, YearMonthText(l.months[m]), part, l.rate, d.paidDay,
-                          d.taker, d.mode, d.lot, d.number);
+                LedgerRow(owner, reg, space, l.item, b_.calendar_.YearMonth(l.months[m]), part, l.rate,
+                          d.paidDay, d.taker, d.mode, d.lot, d.number);
             }
         }
         if (!any) continue;
@@ -132,8 +132,8 @@ void DemoWriter::WriteLedger() {
             const std::string taker = rng.Pick(st.takers);
             for (int m = 0; m < months; ++m)
                 LedgerRow(std::nullopt, st.registrations[r].id, std::nullopt, kParkMonthly,
-                          YearMonthText(MonthIndex(day) + m), fee, kItems[kParkMonthly].rate, day, taker,
-                          std::string("现金"), std::string(), std::string());
+                          b_.calendar_.YearMonth(MonthIndex(day) + m), fee, kItems[kParkMonthly].rate, day,
+                          taker, std::string("现金"), std::string(), std::string());
             Voucher& v = VoucherFor(o, day, std::string("现金"));
             Attach(v.id, "", "", fee * months);
         }
@@ -150,7 +150,7 @@ void DemoWriter::WriteLedger() {
             const Cents fee =
                 static_cast<Cents>(room.area) * (item == kShopFee ? 1200 : kOffices[o].feePerM2);
             for (int m = from; m <= MonthIndex(kLastDay); ++m)
-                LedgerRow(room.ownerId, std::nullopt, std::nullopt, item, YearMonthText(m), fee,
+                LedgerRow(room.ownerId, std::nullopt, std::nullopt, item, b_.calendar_.YearMonth(m), fee,
                           kItems[item].rate, std::nullopt, std::nullopt, std::nullopt, std::nullopt,
                           std::nullopt);
         }

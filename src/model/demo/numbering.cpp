@@ -34,7 +34,7 @@ void DemoBuilder::NumberInvoices() {
         Draft& d = drafts_[ix];
         d.id = ++id;
         LotState& ls = open[{d.type, kOffices[d.office].dept}];
-        const Civil c = CivilFromDays(d.issueDay);
+        const Civil c = CivilFromDays(calendar_.Day(d.issueDay)); // lots are named for the year written
         // A batch takes one run of numbers: a lot too short for it is left with its last numbers
         // unused.
         if (ls.next == ls.end || ls.end - ls.next < d.runLength) {

@@ -11,16 +11,17 @@ namespace quillon::demo {
 void DemoWriter::WriteCatalogues() {
     {
         Statement s(db_, "INSERT INTO 职能部门new (职能部门编号, 职能部门名称, 终止日期) VALUES (?, ?, ?)");
-        for (const auto& d : kDepartments) s.Bind(d.code).Bind(d.name).Bind(d.ended).Run();
+        for (const auto& d : kDepartments) s.Bind(d.code).Bind(d.name).Bind(b_.calendar_.Date(d.ended)).Run();
     }
     {
         Statement s(db_, "INSERT INTO 上级部门new (职能部门编号, 上级部门编号, 终止日期) VALUES (?, ?, ?)");
-        for (const auto& l : kLinks) s.Bind(l.dept).Bind(l.parent).Bind(l.ended).Run();
+        for (const auto& l : kLinks) s.Bind(l.dept).Bind(l.parent).Bind(b_.calendar_.Date(l.ended)).Run();
     }
     {
         Statement s(db_,
                     "INSERT INTO 设置管理处 (GYD_DH, GYD_NAME, 对应部门代号, 终止日期) VALUES (?, ?, ?, ?)");
-        for (const auto& o : kOffices) s.Bind(o.code).Bind(o.name).Bind(o.dept).Bind(o.ended).Run();
+        for (const auto& o : kOffices)
+            s.Bind(o.code).Bind(o.name).Bind(o.dept).Bind(b_.calendar_.Date(o.ended)).Run();
     }
     {
         Statement s(db_, "INSERT INTO 票据类型 (票据类型代号, 票据类型, 定额, 类别) VALUES (?, ?, ?, ?)");
@@ -132,14 +133,17 @@ void DemoWriter::WriteInvoices() {
     Statement line(db_,
                    "INSERT INTO 票据开票数据 (票据id, 入库单编号, 票据编号, 收费项目代号, 项目, 摘要, 金额, "
                    "税额, 税率) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?)");
-    auto date = [](const std::optional<int>& day) -> OptText {
+    const BookCalendar& calendar = b_.calendar_;
+    auto date = [&calendar](const std::optional<int>& day) -> OptText {
         if (!day) return std::nullopt;
-        return IsoDate(*day);
+        return calendar.Date(*day);
     };
     for (std::size_t ix : b_.order_) {
         const Draft& d = b_.drafts_[ix];
         OptText paid;
-        if (d.paidDay) paid = d.paidSecond >= 0 ? IsoDateTime(*d.paidDay, d.paidSecond) : IsoDate(*d.paidDay);
+        if (d.paidDay)
+            paid =
+                d.paidSecond >= 0 ? calendar.DateTime(*d.paidDay, d.paidSecond) : calendar.Date(*d.paidDay);
         OptText exNumber, exLot, repNumber, repLot;
         if (d.exchangedTo >= 0) {
             const Draft& to = b_.drafts_[static_cast<std::size_t>(d.exchangedTo)];
@@ -158,7 +162,7 @@ void DemoWriter::WriteInvoices() {
             .Bind(d.lot)
             .Bind(d.number)
             .Bind(kOffices[d.office].dept)
-            .Bind(IsoDateTime(d.issueDay, d.issueSecond))
+            .Bind(calendar.DateTime(d.issueDay, d.issueSecond))
             .Bind(paid)
             .Bind(d.preInvoice)
             .Bind(date(d.voidDay))
