@@ -190,10 +190,12 @@ FormSubWindow* MainFrame::SubWindowOf(const Form& form) const {
 void MainFrame::OnCreated(Form& form) {
     auto* window = new FormSubWindow(form, mdiArea_);
     // The grids' 打印预览… previews the window's result, as Ctrl+P does when it is in front.
-    for (FlexGridWidget* grid : window->View()->findChildren<FlexGridWidget*>())
-        grid->PrintPreviewRequested = [this, sub = QPointer<FormSubWindow>(window)] {
-            if (sub && sub->Model()) PreviewWindow(*sub->Model());
-        };
+    // The view classes carry no meta-object of their own, so they are told apart by dynamic_cast.
+    for (QWidget* widget : window->View()->findChildren<QWidget*>())
+        if (auto* grid = dynamic_cast<FlexGridWidget*>(widget))
+            grid->PrintPreviewRequested = [this, sub = QPointer<FormSubWindow>(window)] {
+                if (sub && sub->Model()) PreviewWindow(*sub->Model());
+            };
     // Once the sub-window is gone, nothing refers to the unloaded window any more.
     connect(window, &QObject::destroyed, this, [this] { mdi_.Windows.ReleaseUnloaded(); });
 }

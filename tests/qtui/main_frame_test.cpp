@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <QAction>
+#include <QListWidget>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
@@ -14,9 +15,11 @@
 #include <QScrollBar>
 
 #include "controls/flex_grid.h"
+#include "controls/list_box.h"
 #include "controls/screen.h"
 #include "controls/scripted_dialogs.h"
 #include "qt_test_app.h"
+#include "qtui/flex_grid_widget.h"
 #include "qtui/form_view.h"
 #include "qtui/qt_convert.h"
 #include "qtui/user_action.h"
@@ -302,7 +305,13 @@ TEST(MainFrame, BusyPointerShowsTheHourglass) {
 // A report window reduced to what printing needs of it.
 class PrintableForm : public Form {
 public:
-    PrintableForm() : Form("frm票据核对表", "核对") {}
+    PrintableForm() : Form("frm票据核对表", "核对") {
+        AddControl(List1); // drawn by another kind of scroll area, before the grid
+        AddControl(MSFlexGrid1);
+        List1.Move(0, 0, 1500, 1500);
+        MSFlexGrid1.Move(1500, 0, 4500, 3000);
+    }
+    ListBox List1{"List1"};
     FlexGrid MSFlexGrid1{"MSFlexGrid1"};
     bool PrintResult(const std::function<void(const PrintJob&)>& print) override {
         print(PrintJob{"核对表", "2024年 01月 至 12月", &MSFlexGrid1});
@@ -343,6 +352,31 @@ TEST(MainFrame, PrintPreviewShowsTheResultOfTheWindowInFront) {
     f.Pick("关于软件");
     preview->trigger();
     EXPECT_EQ(f.dialogs.PrintJobs().size(), 1u);
+}
+
+// The grid's own 打印预览… previews its window, also while another window is in front.
+TEST(MainFrame, TheGridsMenuPreviewsItsOwnWindow) {
+    Framed f;
+    f.mdi->Windows.Register("frm票据核对表", [](AppSession&, Dialogs&) -> std::unique_ptr<Form> {
+        return std::make_unique<PrintableForm>();
+    });
+    f.Pick("开票票据核对表");
+    auto* recon = dynamic_cast<PrintableForm*>(f.mdi->Windows.Find("frm票据核对表"));
+    ASSERT_NE(recon, nullptr);
+    FormView* view = f.frame->SubWindowOf(*recon)->View();
+    auto* grid = dynamic_cast<FlexGridWidget*>(view->WidgetOf("MSFlexGrid1"));
+    ASSERT_NE(grid, nullptr);
+    f.Pick("停车费明细表");
+    QAction* print = nullptr;
+    for (QAction* action : grid->PrepareContextMenu(QPoint(5, 5)))
+        if (action->objectName() == "PrintPreview") print = action;
+    ASSERT_NE(print, nullptr) << "the frame offers the grid a preview";
+    print->trigger();
+    ASSERT_EQ(f.dialogs.PrintJobs().size(), 1u);
+    EXPECT_EQ(f.dialogs.PrintJobs()[0].grid, &recon->MSFlexGrid1);
+    recon->List1.AddItem("一区");
+    EXPECT_EQ(dynamic_cast<QListWidget*>(view->WidgetOf("List1"))->count(), 1)
+        << "the list is left as it was";
 }
 
 } // namespace
