@@ -1,7 +1,8 @@
 // Any text into the read-only guard and the dialect step: nothing may crash, the only failure
 // is a DbError, and no text gets through the guard unless two checks of their own agree it is
 // one SELECT: a reading of the text as SQL Server lexes it (nested comments, doubled closing
-// brackets and quotes), and SQLite, which must find the translated statement read-only.
+// brackets and quotes, a lone CR read both ways), and SQLite, which must find the translated statement
+// read-only.
 #include <sqlite3.h>
 
 #include <cstdint>
@@ -56,8 +57,9 @@ size_t IdeographAt(std::string_view s, size_t i) {
 }
 
 // Reads the text as the server would; false when it cannot be read at all (an unclosed
-// literal, name or comment), in which case the server runs nothing of it.
-bool ServerCode(std::string_view s, std::vector<CodeItem>& items) {
+// literal, name or comment), in which case the server runs nothing of it. Whether a lone CR
+// ends a line comment is not known here: both readings are made.
+bool ServerCode(std::string_view s, bool crEndsLine, std::vector<CodeItem>& items) {
     size_t i = 0;
     std::string word;
     auto endWord = [&] {
@@ -95,7 +97,7 @@ bool ServerCode(std::string_view s, std::vector<CodeItem>& items) {
             if (!skipQuoted(c == '[' ? ']' : static_cast<char>(c))) return false;
             items.push_back({"", '\''}); // a literal or a name: code, but no keyword
         } else if (c == '-' && i + 1 < s.size() && s[i + 1] == '-') {
-            while (i < s.size() && s[i] != '\n' && s[i] != '\r') ++i;
+            while (i < s.size() && s[i] != '\n' && !(crEndsLine && s[i] == '\r')) ++i;
         } else if (c == '/' && i + 1 < s.size() && s[i + 1] == '*') {
             int depth = 0;
             do {
@@ -146,9 +148,9 @@ const char* const kWriting[] = {
     "TRIGGER",
 };
 
-void CheckServerReading(std::string_view sql) {
+void CheckServerReading(std::string_view sql, bool crEndsLine) {
     std::vector<CodeItem> items;
-    if (!ServerCode(sql, items)) return; // the server refuses the whole batch
+    if (!ServerCode(sql, crEndsLine, items)) return; // the server refuses the whole batch
     if (items.empty() || items[0].word != "SELECT") Fail("not a SELECT", sql);
     for (size_t i = 1; i < items.size(); ++i) {
         const CodeItem& item = items[i];
@@ -218,7 +220,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     } catch (const DbError&) {
         return 0;
     }
-    CheckServerReading(sql);
+    CheckServerReading(sql, false);
+    CheckServerReading(sql, true);
     if (translatedOk) CheckSqliteReading(sql, translated);
     return 0;
 }

@@ -109,6 +109,12 @@ void EnsureSingleSelect(std::string_view sql) {
     // A driver reads the text only up to a NUL: the guard must judge what the driver sees.
     if (sql.find('\0') != sql.npos) Refuse("语句中有空字符");
     auto tokens = TokenizeSql(sql);
+    // Whether a lone CR ends a line comment is the server's to say: either way, what follows it
+    // would be read otherwise here than there.
+    for (const SqlToken& t : tokens)
+        if (t.kind == SqlTokenKind::Comment && t.text.starts_with("--") &&
+            t.text.find('\r') + 1 < t.text.size())
+            Refuse("注释中有单独的回车");
     size_t first = NextSolid(tokens, 0);
     if (first == tokens.size()) Refuse("空语句");
     if (!tokens[first].IsWord("SELECT")) Refuse("不是 SELECT 语句");

@@ -31,7 +31,13 @@ bool SqlToken::IsWord(std::string_view word) const {
 
 std::string SqlToken::Name() const {
     if (kind != SqlTokenKind::QuotedName || text.size() < 2) return text;
-    return text.substr(1, text.size() - 2);
+    const char close = text.back();
+    std::string name;
+    for (size_t i = 1; i + 1 < text.size(); ++i) {
+        name += text[i];
+        if (text[i] == close) ++i; // a doubled closing mark stands for one
+    }
+    return name;
 }
 
 std::vector<SqlToken> TokenizeSql(std::string_view s) {
@@ -48,20 +54,33 @@ std::vector<SqlToken> TokenizeSql(std::string_view s) {
             while (j < s.size() && IsBlank(s[j])) ++j;
             push(SqlTokenKind::Blank, j);
         } else if (c == '-' && j < s.size() && s[j] == '-') {
-            // A lone CR ends the line too: whatever a server takes for a line end, what follows
-            // it is read here as code, never as comment.
-            while (j < s.size() && s[j] != '\n' && s[j] != '\r') ++j;
+            while (j < s.size() && s[j] != '\n') ++j;
             push(SqlTokenKind::Comment, j);
         } else if (c == '/' && j < s.size() && s[j] == '*') {
-            size_t close = s.find("*/", j + 1);
-            push(SqlTokenKind::Comment, close == s.npos ? s.size() : close + 2);
-        } else if (c == '\'' || ((c == 'N' || c == 'n') && j < s.size() && s[j] == '\'')) {
-            if (c != '\'') ++j;
-            // '' inside a literal stands for one quote.
+            // Block comments nest, as SQL Server reads them: "/* /* */ x */" is one comment.
+            ++j;
+            for (int depth = 1; depth > 0 && j < s.size();) {
+                if (s.compare(j, 2, "/*") == 0) {
+                    ++depth;
+                    j += 2;
+                } else if (s.compare(j, 2, "*/") == 0) {
+                    --depth;
+                    j += 2;
+                } else {
+                    ++j;
+                }
+            }
+            push(SqlTokenKind::Comment, j);
+        } else if (c == '\'' || c == '[' || c == '"' ||
+                   ((c == 'N' || c == 'n') && j < s.size() && s[j] == '\'')) {
+            // A literal, or a name in brackets or double quotes: a doubled closing mark inside
+            // stands for one ('it''s', [a]]b], "a""b").
+            if (c != '\'' && c != '[' && c != '"') ++j;
+            const char close = c == '[' ? ']' : c == '"' ? '"' : '\'';
             for (;;) {
                 if (j >= s.size()) break;
-                if (s[j] == '\'') {
-                    if (j + 1 < s.size() && s[j + 1] == '\'') {
+                if (s[j] == close) {
+                    if (j + 1 < s.size() && s[j + 1] == close) {
                         j += 2;
                         continue;
                     }
@@ -70,11 +89,7 @@ std::vector<SqlToken> TokenizeSql(std::string_view s) {
                 }
                 ++j;
             }
-            push(SqlTokenKind::String, j);
-        } else if (c == '[' || c == '"') {
-            char close = c == '[' ? ']' : '"';
-            while (j < s.size() && s[j] != close) ++j;
-            push(SqlTokenKind::QuotedName, j < s.size() ? j + 1 : j);
+            push(c == '[' || c == '"' ? SqlTokenKind::QuotedName : SqlTokenKind::String, j);
         } else if (IsDigit(c) || (c == '.' && j < s.size() && IsDigit(s[j]))) {
             push(SqlTokenKind::Number, SqlNumberEnd(s, i));
         } else if (IsWordStart(c)) {

@@ -19,7 +19,7 @@ struct SqlToken {
     bool IsPunct(char c) const { return kind == SqlTokenKind::Punct && text.size() == 1 && text[0] == c; }
     bool IsWord(std::string_view word) const; // case-insensitive keyword test
     bool IsName() const { return kind == SqlTokenKind::Word || kind == SqlTokenKind::QuotedName; }
-    // The name without its brackets or quotes.
+    // The name without its brackets or quotes, a doubled closing mark read as one.
     std::string Name() const;
 };
 

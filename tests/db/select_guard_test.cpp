@@ -47,7 +47,10 @@ const std::vector<Statement>& WritingStatements() {
         {"second statement after a literal holding ';'", "select ';'; insert into 票据 values(1)"},
         {"second statement with no ';' at all", "select * from 票据 delete from 票据"},
         {"second statement behind a line comment", "select 1 -- 注释\ndelete from 票据"},
-        {"a lone CR ends a line comment", "select 1 -- 注释\rdelete from 票据"},
+        {"a lone CR in a line comment", "select 1 -- 注释\rdelete from 票据"},
+        {"a lone CR in a line comment before the SELECT", "-- 注释\rdelete from 票据\nselect 1"},
+        {"a bracket opened inside what nests as a comment", "select 1 /* /* */ [ */ ; delete from 票据 -- ]"},
+        {"a doubled bracket inside a name", "select [a]]'] ; delete from 票据 --']"},
         {"second statement behind a block comment", "select 1 /* ; */ delete from 票据"},
         {"';' right after a comment", "select 1 /* x */; update 票据 set 金额 = 0"},
         {"update behind a leading comment", "/* select */ update 票据 set 金额 = 0"},
@@ -97,7 +100,9 @@ TEST(SelectGuard, RefusesEveryWriteAndEverySecondStatement) {
 TEST(SelectGuard, LetsOneSelectThrough) {
     const Statement selects[] = {
         {"plain select", "Select * From 票据类型"},
-        {"leading blanks and comments", "  \n-- note\n/* block */ select 1"},
+        {"leading blanks and comments", "  \r\n-- note\r\n/* block */ select 1"},
+        {"nested comments hold what looks like a second statement", "select 1 /* /* */ ; delete */ from t"},
+        {"doubled closing marks inside names", "select [a]]; delete], \"b\"\"; drop\" from t"},
         {"one trailing semicolon", "select 1 ;  "},
         {"semicolon inside a literal", "select 'a;delete from x' as t"},
         {"semicolon inside a comment", "select 1 /* ; drop table x */"},

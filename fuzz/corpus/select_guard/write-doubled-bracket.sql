@@ -1,0 +1,1 @@
+select [a]]'] ; delete from t --']

@@ -1,0 +1,1 @@
+select * /* /* */ [ */ ; delete from t -- ]
