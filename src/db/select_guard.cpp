@@ -111,18 +111,23 @@ void EnsureSingleSelect(std::string_view sql) {
     auto tokens = TokenizeSql(sql);
     // Whether a lone CR ends a line comment is the server's to say: either way, what follows it
     // would be read otherwise here than there.
-    for (const SqlToken& t : tokens)
+    auto ensureLineEnds = [](const SqlToken& t) {
         if (t.kind == SqlTokenKind::Comment && t.text.starts_with("--") &&
             t.text.find('\r') + 1 < t.text.size())
             Refuse("注释中有单独的回车");
+    };
     size_t first = NextSolid(tokens, 0);
+    for (size_t i = 0; i < first; ++i) ensureLineEnds(tokens[i]);
     if (first == tokens.size()) Refuse("空语句");
     if (!tokens[first].IsWord("SELECT")) Refuse("不是 SELECT 语句");
     for (size_t i = first + 1; i < tokens.size(); ++i) {
         const SqlToken& t = tokens[i];
+        ensureLineEnds(t);
         if (t.IsPunct(';')) {
-            for (size_t k = i + 1; k < tokens.size(); ++k)
+            for (size_t k = i + 1; k < tokens.size(); ++k) {
+                ensureLineEnds(tokens[k]);
                 if (!tokens[k].IsTrivia() && !tokens[k].IsPunct(';')) Refuse("分号后还有第二条语句");
+            }
             break;
         }
         if (t.kind != SqlTokenKind::Word) continue;

@@ -49,6 +49,7 @@ const std::vector<Statement>& WritingStatements() {
         {"second statement behind a line comment", "select 1 -- 注释\ndelete from 票据"},
         {"a lone CR in a line comment", "select 1 -- 注释\rdelete from 票据"},
         {"a lone CR in a line comment before the SELECT", "-- 注释\rdelete from 票据\nselect 1"},
+        {"a lone CR in a line comment after the last ';'", "select 1; -- 注释\rdelete from 票据"},
         {"a bracket opened inside what nests as a comment", "select 1 /* /* */ [ */ ; delete from 票据 -- ]"},
         {"a doubled bracket inside a name", "select [a]]'] ; delete from 票据 --']"},
         {"second statement behind a block comment", "select 1 /* ; */ delete from 票据"},
