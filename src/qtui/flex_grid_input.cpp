@@ -192,6 +192,7 @@ void FlexGridWidget::keyPressEvent(QKeyEvent* event) {
         break;
     case Qt::Key_Home:
         col = grid_->FixedCols();
+        grid_->SetLeftCol(grid_->StillCols()); // back to the start, also when col 0 is frozen
         break;
     case Qt::Key_End:
         col = grid_->Cols() - 1;

@@ -138,6 +138,11 @@ TEST(FlexGridUser, ContextMenuFreezesColumnsThatStayWhileTheRestScrolls) {
     QScrollBar* bar = v.view->horizontalScrollBar();
     bar->setValue(bar->maximum());
     EXPECT_EQ(v.grid.LeftCol(), 3 + bar->maximum());
+    v.Click(3, 1);
+    v.Key(Qt::Key_Home);
+    EXPECT_EQ(v.grid.LeftCol(), 3) << "Home scrolls back to the start though its column is frozen";
+    EXPECT_EQ(bar->value(), 0);
+    bar->setValue(bar->maximum());
     EXPECT_GT(v.grid.LeftCol(), 3) << "the grid scrolled right";
     EXPECT_EQ(v.view->CellRect(3, 2).left(), 128) << "the frozen columns stay where they were";
     EXPECT_EQ(v.view->CellRect(3, v.grid.LeftCol()).left(), 192) << "the first scrolled column beside them";
