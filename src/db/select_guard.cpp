@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "base/utf8.h"
 #include "db/db_error.h"
 #include "db/sql_tokens.h"
 #include "db/text_fold.h"
@@ -31,21 +32,6 @@ constexpr std::string_view kStatementWords[] = {
     throw DbError(kAdoErrBadStatement, "本程序只读取数据库，语句被拒绝: " + why);
 }
 
-// Code point of the UTF-8 sequence at s[i] and its length; a broken sequence is one byte of
-// code point 0xFFFD.
-std::pair<char32_t, size_t> DecodeAt(std::string_view s, size_t i) {
-    const auto b = static_cast<unsigned char>(s[i]);
-    const size_t n = b >= 0xF0 ? 4 : b >= 0xE0 ? 3 : b >= 0xC0 ? 2 : 1;
-    if (n == 1 || i + n > s.size()) return {b < 0x80 ? b : 0xFFFD, 1};
-    char32_t cp = b & (0x7F >> n);
-    for (size_t k = 1; k < n; ++k) {
-        const auto c = static_cast<unsigned char>(s[i + k]);
-        if ((c & 0xC0) != 0x80) return {0xFFFD, 1};
-        cp = (cp << 6) | (c & 0x3F);
-    }
-    return {cp, n};
-}
-
 // CJK ideographs: letters of a name to SQL Server, so "IF卡费" is one name, not IF.
 bool IsIdeograph(char32_t cp) {
     return (cp >= 0x3400 && cp <= 0x4DBF) || (cp >= 0x4E00 && cp <= 0x9FFF) ||
@@ -67,8 +53,9 @@ std::vector<std::string_view> KeywordRuns(std::string_view word) {
         const char c = word[i];
         const bool latin = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_';
         const bool digit = c >= '0' && c <= '9';
-        auto [cp, length] = DecodeAt(word, i);
-        if (latin || IsIdeograph(cp)) {
+        const Utf8Char ch = Utf8At(word, i);
+        size_t length = ch.length;
+        if (latin || IsIdeograph(ch.codePoint)) {
             inName = true;
         } else {
             close(i);
