@@ -10,7 +10,7 @@ namespace quillon {
 class FlexGrid;
 
 // Rows firstRow..lastRow (-1: to the last row), cells joined by TAB, each row ended by "\n";
-// tabs and line breaks inside a cell become blanks (ClipCellText).
+// tabs and line breaks inside a cell become blanks (AppendClippedCell).
 void WriteGridTsv(const FlexGrid& grid, std::ostream& out, int firstRow = 0, int lastRow = -1);
 
 } // namespace quillon

@@ -57,11 +57,11 @@ void AppendEscaped(std::string& out, const std::string& text) {
 
 } // namespace
 
-std::string ClipCellText(const std::string& text) {
-    std::string cell = text;
-    for (char& ch : cell)
-        if (ch == '\t' || ch == '\n' || ch == '\r') ch = ' ';
-    return cell;
+void AppendClippedCell(std::string& out, const std::string& text) {
+    const std::size_t at = out.size();
+    out += text;
+    for (std::size_t i = at; i < out.size(); ++i)
+        if (out[i] == '\t' || out[i] == '\n' || out[i] == '\r') out[i] = ' ';
 }
 
 std::string GridBlockText(const FlexGrid& grid, const CellRange& block) {
@@ -70,7 +70,7 @@ std::string GridBlockText(const FlexGrid& grid, const CellRange& block) {
     for (int r : shown.rows) {
         for (std::size_t i = 0; i < shown.cols.size(); ++i) {
             if (i > 0) out += '\t';
-            out += ClipCellText(grid.TextMatrix(r, shown.cols[i]));
+            AppendClippedCell(out, grid.TextMatrix(r, shown.cols[i]));
         }
         out += '\n';
     }

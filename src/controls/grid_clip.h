@@ -13,9 +13,9 @@ namespace quillon {
 
 class FlexGrid;
 
-// One cell as it goes into a line: tabs and line breaks inside it become blanks, so that a line
-// stays one grid row.
-std::string ClipCellText(const std::string& text);
+// One cell appended to a line being built: tabs and line breaks inside it become blanks, so that
+// a line stays one grid row.
+void AppendClippedCell(std::string& out, const std::string& text);
 
 // The block's rows, cells joined by TAB, each row ended by "\n". The block is cut to the grid;
 // nothing is left when it lies outside.

@@ -14,13 +14,14 @@ namespace quillon {
 
 class Field {
 public:
-    Field(std::string name, const quillon::Value* value) : name_(std::move(name)), value_(value) {}
-    const std::string& Name() const { return name_; }
+    // Like the value, the name is the recordset's own: a field is read while its row is current.
+    Field(const std::string& name, const quillon::Value* value) : name_(&name), value_(value) {}
+    const std::string& Name() const { return *name_; }
     const quillon::Value& Value() const { return *value_; }
     bool IsNull() const { return value_->IsNull(); }
 
 private:
-    std::string name_;
+    const std::string* name_;
     const quillon::Value* value_;
 };
 

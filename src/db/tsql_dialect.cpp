@@ -4,6 +4,7 @@
 
 #include <map>
 #include <optional>
+#include <string_view>
 
 #include "base/date_time.h"
 #include "db/db_error.h"
@@ -280,23 +281,29 @@ void ResultText(sqlite3_context* ctx, const std::string& s) {
 // CONVERT(char(N), e, 112): a date becomes yyyymmdd, cut to N characters.
 void ConvertFn(sqlite3_context* ctx, int, sqlite3_value** argv) {
     if (sqlite3_value_type(argv[0]) == SQLITE_NULL) return sqlite3_result_null(ctx);
-    std::string text = TextOf(argv[0]);
     auto length = static_cast<size_t>(std::max(0, sqlite3_value_int(argv[1])));
     int style = sqlite3_value_int(argv[2]);
     if (sqlite3_value_type(argv[0]) == SQLITE_TEXT && style == 112) {
-        if (auto d = DateTime::ParseIso(text)) {
-            char buf[16];
-            std::snprintf(buf, sizeof buf, "%04d%02d%02d", d->year, d->month, d->day);
-            text = buf;
+        // Every date filter calls this once a row: the digits are the text's own, no copy made.
+        const unsigned char* p = sqlite3_value_text(argv[0]);
+        const std::string_view iso(reinterpret_cast<const char*>(p), sqlite3_value_bytes(argv[0]));
+        if (DateTime::ParseIso(iso)) {
+            const char digits[8] = {iso[0], iso[1], iso[2], iso[3], iso[5], iso[6], iso[8], iso[9]};
+            return sqlite3_result_text(ctx, digits, static_cast<int>(std::min<size_t>(length, 8)),
+                                       SQLITE_TRANSIENT);
         }
     }
+    const std::string text = TextOf(argv[0]);
     ResultText(ctx, text.substr(0, Utf8Offset(text, length)));
 }
 
 // 1 for text that CONVERT(…,112) reads as a date, so that its yyyymmdd are the text's own
 // digits in place; the date filters are made ranges only on columns of such values.
 void IsIsoDateFn(sqlite3_context* ctx, int, sqlite3_value** argv) {
-    bool iso = sqlite3_value_type(argv[0]) == SQLITE_TEXT && DateTime::ParseIso(TextOf(argv[0])).has_value();
+    bool iso = sqlite3_value_type(argv[0]) == SQLITE_TEXT &&
+               DateTime::ParseIso(std::string_view(reinterpret_cast<const char*>(sqlite3_value_text(argv[0])),
+                                                   sqlite3_value_bytes(argv[0])))
+                   .has_value();
     sqlite3_result_int(ctx, iso ? 1 : 0);
 }
 

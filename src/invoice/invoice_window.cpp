@@ -112,6 +112,7 @@ bool frm票据开票明细表New::RunFundInvoiceQuery(const std::string& dept,
 }
 
 bool frm票据开票明细表New::ReadInvoiceRows(Recordset& rs, InvoiceQueryForm form) {
+    exchangedFolded_ = FoldedAscii(ExchangedNumbers); // once, not for each bill
     std::vector<InvoiceRow> rows(1);
     for (; !rs.Eof(); rs.MoveNext()) rows.push_back(ReadBill(rs, form));
     ResultRows = std::move(rows);
@@ -173,7 +174,7 @@ InvoiceRow frm票据开票明细表New::ReadBill(const Recordset& rs, InvoiceQue
     const Field paid = rs.Fields("收款日期");
     // Substring search over the whole list, commas and all, without regard to case.
     const bool exchanged = form == InvoiceQueryForm::Exchange && !ExchangedNumbers.empty() &&
-                           FoldedAscii(ExchangedNumbers).find(FoldedAscii(row.BillNo)) != std::string::npos;
+                           exchangedFolded_.find(FoldedAscii(row.BillNo)) != std::string::npos;
     const bool unpaidAtEnd =
         Format(rs.Fields("开票日期").Value().AsDate(), "yyyymm") >= Format(DTPicker1_0.Value(), "yyyymm") &&
         (paid.IsNull() || Format(paid.Value().AsDate(), "yyyymmdd") > EndText());

@@ -89,6 +89,7 @@ private:
     void ExportInvoiceWorkbook();
 
     AppSession& session_;
+    std::string exchangedFolded_; // ExchangedNumbers without case, for the run being read
 };
 
 } // namespace quillon

@@ -122,6 +122,11 @@ TEST(CStrStr, WriteFifteenSignificantDigits) {
         {"largest plain integer", 123456789012345.0, "123456789012345", " 123456789012345"},
         {"1E+15 takes the exponent", 1e15, "1E+15", " 1E+15"},
         {"beyond 15 digits", 123456789012345678.0, "1.23456789012346E+17", " 1.23456789012346E+17"},
+        {"a three-digit exponent", 1.7976931348623157e308, "1.79769313486232E+308", " 1.79769313486232E+308"},
+        {"the smallest double", 4.9406564584124654e-324, "4.94065645841247E-324", " 4.94065645841247E-324"},
+        {"the sixteenth digit carries through all nines", 9.9999999999999995, "10", " 10"},
+        {"a written tie at the fifteenth digit lies just below it in binary", 0.1234567890123455,
+         "0.123456789012345", " 0.123456789012345"},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.why);

@@ -2,6 +2,10 @@
 // 15-digit-then-half-away rule and the date tokens.
 #include <gtest/gtest.h>
 
+#include <string>
+#include <vector>
+
+#include "base/date_time.h"
 #include "base/vb_number.h"
 
 namespace quillon {
@@ -82,6 +86,26 @@ TEST(FormatDate, ReplacesTheDateTokens) {
         EXPECT_EQ(Format(when, c.pattern), c.text);
     }
     EXPECT_EQ(Format(DateTime{2024, 12, 31}, "yyyy-mm-dd hh:mm:ss"), "2024-12-31 00:00:00");
+}
+
+// Patterns are kept parsed between calls: a report interleaving more patterns than are kept
+// must get each cell as if every pattern were new.
+TEST(FormatPatterns, InterleavedPatternsGiveWhatEachGivesAlone) {
+    const DateTime when{2024, 2, 29, 13, 5, 9};
+    const char* numberPatterns[] = {"0.00", "#,##0.00", "0%", "0", "#.##", "00000", "0.000"};
+    const char* datePatterns[] = {"yyyy-mm-dd", "yyyymm", "hh:nn:ss", "yy-m-d", "yyyymmdd", "mm/dd"};
+    std::vector<std::string> alone;
+    for (const char* p : numberPatterns) alone.push_back(Format(-1234.5678, p));
+    for (const char* p : datePatterns) alone.push_back(Format(when, p));
+    for (int round = 0; round < 3; ++round) {
+        std::size_t k = 0;
+        for (const char* p : numberPatterns) EXPECT_EQ(Format(-1234.5678, p), alone[k++]) << p;
+        for (const char* p : datePatterns) EXPECT_EQ(Format(when, p), alone[k++]) << p;
+    }
+    EXPECT_EQ(alone[0], "-1234.57");
+    EXPECT_EQ(alone[1], "-1,234.57");
+    EXPECT_EQ(alone[7], "2024-02-29");
+    EXPECT_EQ(alone[9], "13:05:09");
 }
 
 TEST(FormatText, FormatsNumbersAndDatesAndLeavesOtherTextAlone) {
