@@ -48,7 +48,8 @@ FlexGridWidget::FlexGridWidget(QWidget* parent) : QAbstractScrollArea(parent) {
     verticalScrollBar()->setSingleStep(1);
     horizontalScrollBar()->setSingleStep(1);
     viewport()->setAutoFillBackground(false);
-    viewport()->setMouseTracking(true); // the resize cursor over a column's edge
+    viewport()->setAttribute(Qt::WA_OpaquePaintEvent); // paintEvent covers every pixel itself
+    viewport()->setMouseTracking(true);                // the resize cursor over a column's edge
     MakeActions();
 }
 
@@ -226,9 +227,8 @@ void FlexGridWidget::resizeEvent(QResizeEvent* event) {
 void FlexGridWidget::paintEvent(QPaintEvent*) {
     QPainter painter(viewport());
     const QRect area = viewport()->rect();
-    painter.fillRect(area, ColorFromBgr(kColorAppWorkspace));
     lastPaintedRows_ = 0;
-    if (!grid_) return;
+    if (!grid_) return painter.fillRect(area, ColorFromBgr(kColorAppWorkspace));
     const FlexGrid& g = *grid_;
     const int fixedHeight = FixedHeight();
     const int stillWidth = StillWidth();
@@ -238,12 +238,19 @@ void FlexGridWidget::paintEvent(QPaintEvent*) {
                               {TopRow(), TopRow() - 1, fixedHeight, area.height(), false}};
     Section colSections[2] = {{0, stillCols - 1, 0, stillWidth, true},
                               {LeftCol(), LeftCol() - 1, stillWidth, area.width(), false}};
+    // Where the cells end: the workspace colour shows right of the last column and below the
+    // last row.
+    int cellsBottom = std::min(fixedHeight, area.height());
+    int cellsRight = std::min(stillWidth, area.width());
     if (g.Rows() > g.FixedRows())
-        for (int r = TopRow(), y = fixedHeight; r < g.Rows() && y < area.height(); y += RowPx(r++))
+        for (int r = TopRow(); r < g.Rows() && cellsBottom < area.height(); cellsBottom += RowPx(r++))
             rowSections[1].last = r;
     if (g.Cols() > stillCols)
-        for (int c = LeftCol(), x = stillWidth; c < g.Cols() && x < area.width(); x += ColPx(c++))
+        for (int c = LeftCol(); c < g.Cols() && cellsRight < area.width(); cellsRight += ColPx(c++))
             colSections[1].last = c;
+    const QColor workspace = ColorFromBgr(kColorAppWorkspace);
+    painter.fillRect(QRect(cellsRight, 0, area.width() - cellsRight, area.height()), workspace);
+    painter.fillRect(QRect(0, cellsBottom, cellsRight, area.height() - cellsBottom), workspace);
     const CellRange selection = Selection();
     const bool showSelection = selected_ && !selection.IsSingleCell();
     QColor selectionTint = palette().color(QPalette::Highlight);
@@ -273,6 +280,7 @@ void FlexGridWidget::paintEvent(QPaintEvent*) {
             const QRect band(columns.bandStart, rows.bandStart, columns.bandEnd - columns.bandStart,
                              rows.bandEnd - rows.bandStart);
             painter.setClipRect(band.intersected(area));
+            std::vector<CellBox> boxes;
             for (int r = rows.first; r <= rows.last; ++r) {
                 const int h = rowH[r - rows.first];
                 if (h == 0) continue;
@@ -280,9 +288,10 @@ void FlexGridWidget::paintEvent(QPaintEvent*) {
                 for (int c = columns.first, x = ColX(columns.first); c <= columns.last; x += ColPx(c), ++c) {
                     const int w = ColPx(c);
                     if (w == 0 || covered[static_cast<std::size_t>(r - rows.first) * cols + c]) continue;
-                    PaintCell(painter, QRect(x, y, w, h), r, c, ToQString(g.TextMatrix(r, c)));
+                    boxes.push_back({QRect(x, y, w, h), r, c});
                 }
             }
+            PaintCells(painter, boxes);
             // A block the freeze edge cuts shows its text on both sides, as a split pane does.
             for (const CellRange& b : blocks) {
                 CellRange part = b;
@@ -294,8 +303,7 @@ void FlexGridWidget::paintEvent(QPaintEvent*) {
                 }
                 if (part.col1 > part.col2 || part.col1 > columns.last) continue;
                 const QRect rect = RangeRect(part);
-                if (rect.width() > 0 && rect.height() > 0)
-                    PaintCell(painter, rect, b.row1, b.col1, ToQString(g.TextMatrix(b.row1, b.col1)));
+                if (rect.width() > 0 && rect.height() > 0) PaintCells(painter, {{rect, b.row1, b.col1}});
             }
             if (showSelection) {
                 const CellRange shown{
@@ -319,24 +327,60 @@ void FlexGridWidget::paintEvent(QPaintEvent*) {
     }
 }
 
-void FlexGridWidget::PaintCell(QPainter& painter, const QRect& rect, int row, int col,
-                               const QString& text) const {
+// A screen holds some thousand cells: they are painted in three sweeps, each in as few calls
+// as the cells allow — backgrounds by runs of one colour along a row, the lines of each pen in
+// one call, then the texts. Cells never overlap, so the order between them changes no pixel.
+void FlexGridWidget::PaintCells(QPainter& painter, const std::vector<CellBox>& boxes) const {
     const FlexGrid& g = *grid_;
-    const bool fixed = g.IsFixedCell(row, col);
-    painter.fillRect(rect, ColorFromBgr(g.BackColorAt(row, col)));
-    if (fixed) {
-        painter.setPen(kFixedLight);
-        painter.drawLine(rect.left(), rect.top(), rect.right() - 1, rect.top());
-        painter.drawLine(rect.left(), rect.top(), rect.left(), rect.bottom() - 1);
+    for (std::size_t i = 0; i < boxes.size();) {
+        const std::uint32_t color = g.BackColorAt(boxes[i].row, boxes[i].col);
+        QRect run = boxes[i].rect;
+        std::size_t j = i + 1;
+        for (; j < boxes.size() && boxes[j].row == boxes[i].row && boxes[j].rect.left() == run.right() + 1 &&
+               boxes[j].rect.top() == run.top() && boxes[j].rect.height() == run.height() &&
+               g.BackColorAt(boxes[j].row, boxes[j].col) == color;
+             ++j)
+            run.setRight(boxes[j].rect.right());
+        painter.fillRect(run, ColorFromBgr(color));
+        i = j;
     }
-    painter.setPen(fixed ? kFixedShadow : kGridLine);
-    painter.drawLine(rect.right(), rect.top(), rect.right(), rect.bottom());
-    painter.drawLine(rect.left(), rect.bottom(), rect.right(), rect.bottom());
-    if (text.isEmpty()) return;
-    const int alignment = ResolveGeneralAlignment(g.AlignmentAt(row, col), g.TextMatrix(row, col));
-    const int flags = QtAlignment(alignment) | (g.WordWrap() ? Qt::TextWordWrap : Qt::TextSingleLine);
-    painter.setPen(ColorFromBgr(g.ForeColorAt(row, col)));
-    painter.drawText(rect.adjusted(3, 1, -4, -2), flags, text); // clipped to the cell
+
+    QVector<QLine> light, shadow, plain;
+    for (const CellBox& box : boxes) {
+        const QRect& rect = box.rect;
+        const bool fixed = g.IsFixedCell(box.row, box.col);
+        if (fixed) {
+            light.append(QLine(rect.left(), rect.top(), rect.right() - 1, rect.top()));
+            light.append(QLine(rect.left(), rect.top(), rect.left(), rect.bottom() - 1));
+        }
+        QVector<QLine>& edges = fixed ? shadow : plain;
+        edges.append(QLine(rect.right(), rect.top(), rect.right(), rect.bottom()));
+        edges.append(QLine(rect.left(), rect.bottom(), rect.right(), rect.bottom()));
+    }
+    const std::pair<const QColor*, const QVector<QLine>*> pens[] = {
+        {&kFixedLight, &light}, {&kFixedShadow, &shadow}, {&kGridLine, &plain}};
+    for (const auto& [color, lines] : pens) {
+        if (lines->isEmpty()) continue;
+        painter.setPen(*color);
+        painter.drawLines(*lines);
+    }
+
+    std::uint32_t pen = 0;
+    bool penSet = false;
+    for (const CellBox& box : boxes) {
+        const std::string& cell = g.TextMatrix(box.row, box.col);
+        if (cell.empty()) continue;
+        const int alignment = ResolveGeneralAlignment(g.AlignmentAt(box.row, box.col), cell);
+        const int flags = QtAlignment(alignment) | (g.WordWrap() ? Qt::TextWordWrap : Qt::TextSingleLine);
+        const std::uint32_t fore = g.ForeColorAt(box.row, box.col);
+        if (!penSet || fore != pen) {
+            painter.setPen(ColorFromBgr(fore));
+            pen = fore;
+            penSet = true;
+        }
+        textCache_.Draw(painter, box.rect.adjusted(3, 1, -4, -2), flags,
+                        ToQString(cell)); // clipped to the cell
+    }
 }
 
 // --- the binding

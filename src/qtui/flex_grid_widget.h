@@ -13,9 +13,11 @@
 #include <QAbstractScrollArea>
 
 #include <functional>
+#include <vector>
 
 #include "controls/control.h"
 #include "controls/merged_cells.h"
+#include "qtui/cell_text_cache.h"
 
 class QAction;
 
@@ -86,7 +88,12 @@ private:
     int MaxTopRow() const;
     int MaxLeftCol() const;
     QRect RangeRect(const CellRange& range) const;
-    void PaintCell(QPainter& painter, const QRect& rect, int row, int col, const QString& text) const;
+    struct CellBox {
+        QRect rect;
+        int row;
+        int col;
+    };
+    void PaintCells(QPainter& painter, const std::vector<CellBox>& boxes) const;
     void UpdateScrollBars();
     void SyncScrollBars();
 
@@ -106,6 +113,7 @@ private:
     bool swallowRelease_ = false;
     bool syncing_ = false; // the view moves its own scroll bars
     int lastPaintedRows_ = 0;
+    mutable CellTextCache textCache_;
 
     // The user's selection: anchor and moving end, both inclusive, while selected_ is set. It
     // is dropped when the grid changes shape (a new run).
