@@ -8,6 +8,7 @@
 
 #include "base/date_time.h"
 #include "db/db_error.h"
+#include "db/shared_derived_tables.h"
 #include "db/sql_tokens.h"
 #include "db/text_fold.h"
 
@@ -344,6 +345,7 @@ std::string TranslateTsqlToSqlite(std::string_view tsql, const DialectContext& c
     QualifyOrderByNames(tokens);
     QualifyJoinNames(tokens, context.columns);
     RewriteDateComparisons(tokens, context.columns, context.isoDates);
+    if (context.shareDerivedTables) ShareDerivedTables(tokens);
     return Translate(tokens, 0, tokens.size());
 }
 

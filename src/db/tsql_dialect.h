@@ -19,6 +19,8 @@ namespace quillon {
 struct DialectContext {
     ColumnLookup columns;
     IsoDateCheck isoDates;
+    // Derived tables that differ only in one IN list read their common rows once.
+    bool shareDerivedTables = true;
 };
 
 // DbError (kAdoErrBadStatement) where SQL Server would refuse the statement.
