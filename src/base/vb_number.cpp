@@ -587,4 +587,19 @@ double RoundMoney(double value) {
     return CDbl(Format(value, "0.00"));
 }
 
+double CentsValue(double value) {
+    if (!std::isfinite(value)) return Val(Format(value, "0.00"));
+    Decimal d = ToDecimal15(value);
+    RoundHalfAway(d, 2);
+    if (d.digits.empty()) return 0.0; // "-0.00" reads back as 0 too
+    // digits × 10^(point − n), read as strtod reads the money text: the same decimal, one rounding.
+    std::string text = d.negative ? "-" : "";
+    text += d.digits;
+    text += 'e';
+    text += std::to_string(d.point - static_cast<int>(d.digits.size()));
+    double result = 0;
+    std::from_chars(text.data(), text.data() + text.size(), result);
+    return result + 0.0;
+}
+
 } // namespace quillon

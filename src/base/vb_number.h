@@ -36,5 +36,8 @@ std::string CStr(double value);
 std::string Str(double value);
 // Format(value, "0.00") read back as a number: the two-decimal money value every sum runs on.
 double RoundMoney(double value);
+// Val(Format(value, "0.00")): the value as its money text reads back, made without the text
+// (a detail report reads every amount of a year through it).
+double CentsValue(double value);
 
 } // namespace quillon

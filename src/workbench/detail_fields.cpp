@@ -7,7 +7,7 @@
 namespace quillon {
 
 double CentsOf(const Field& field) {
-    return field.IsNull() ? 0.0 : Val(Format(field.Value().AsNumber(), "0.00"));
+    return field.IsNull() ? 0.0 : CentsValue(field.Value().AsNumber());
 }
 
 std::vector<double> ReadItemAmounts(const Recordset& rs, int firstField, int count) {
@@ -16,7 +16,7 @@ std::vector<double> ReadItemAmounts(const Recordset& rs, int firstField, int cou
         const Field f = rs.Fields(firstField + j);
         if (Contains(f.Name(), "KFS")) {
             const double wy = CentsOf(rs.Fields(firstField + j + 1));
-            amounts[j] = f.IsNull() ? 0.0 : Val(Format(f.Value().AsNumber() - wy, "0.00"));
+            amounts[j] = f.IsNull() ? 0.0 : CentsValue(f.Value().AsNumber() - wy);
         } else {
             amounts[j] = CentsOf(f);
         }

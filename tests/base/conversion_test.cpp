@@ -1,6 +1,10 @@
 // Val, CDbl, CInt/CLng, CStr/Str and RoundMoney with the old platform's results.
 #include <cmath>
+#include <cstring>
+#include <iomanip>
 #include <limits>
+#include <random>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -132,6 +136,28 @@ TEST(CStrStr, WriteFifteenSignificantDigits) {
         SCOPED_TRACE(c.why);
         EXPECT_EQ(CStr(c.value), c.cstr);
         EXPECT_EQ(Str(c.value), c.str);
+    }
+}
+
+// Every amount of a detail report is read through CentsValue: it must be the money text read
+// back, to the bit, on ties, noise, signs and magnitudes alike.
+TEST(CentsValue, IsTheMoneyTextReadBackBitForBit) {
+    std::mt19937_64 rng(20261124);
+    std::vector<double> values = {0.0,    -0.0,   0.005,           -0.005,  1.005,   2.675,
+                                  -1.005, 99.995, 0.0049,          -0.0049, 1e15,    -1e15,
+                                  1e20,   5e-324, 0.3 - 0.1 - 0.2, 1e300,   -1e-300, 123456789012.345};
+    std::uniform_real_distribution<double> unit(-1.0, 1.0);
+    for (int i = 0; i < 200000; ++i) {
+        const double scale = std::pow(10.0, static_cast<int>(rng() % 14) - 3);
+        double v = unit(rng) * scale;
+        if (i % 3 == 0) v = std::round(v * 1000) / 1000; // a half cent now and then
+        values.push_back(v);
+    }
+    for (double v : values) {
+        const double expected = Val(Format(v, "0.00"));
+        const double actual = CentsValue(v);
+        ASSERT_EQ(std::memcmp(&expected, &actual, sizeof(double)), 0)
+            << std::setprecision(17) << v << " → " << expected << " but " << actual;
     }
 }
 
