@@ -40,8 +40,9 @@ bool IsIdeograph(char32_t cp) {
 
 // The keyword candidates of a word: its runs of Latin letters, '_' and ideographs. Digits,
 // '@', '#', '$' and every other character (a full-width blank, a broken byte) split it, since
-// a server may read a keyword after any of them; after such another character a digit begins
-// a number, as it would after a blank ("　0xAINSERT" holds 0xA and INSERT).
+// a server may read a keyword after any of them. Digits and '$' continue a name but begin
+// none: outside a name a digit begins a number, as it would after a blank ("　0xAINSERT" and
+// "　$0xAINSERT" hold 0xA and INSERT).
 std::vector<std::string_view> KeywordRuns(std::string_view word) {
     std::vector<std::string_view> runs;
     size_t start = 0, i = 0;
@@ -60,7 +61,7 @@ std::vector<std::string_view> KeywordRuns(std::string_view word) {
         } else {
             close(i);
             if (digit && !inName) length = SqlNumberEnd(word, i) - i;
-            inName = digit || c == '@' || c == '#' || c == '$';
+            inName = c == '@' || c == '#' || (inName && (digit || c == '$'));
             start = i + length;
         }
         i += length;

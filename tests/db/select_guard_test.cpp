@@ -73,6 +73,11 @@ const std::vector<Statement>& WritingStatements() {
                                                       "0xAINSERT 票据 values(1)"},
         {"a float after a broken character", "select \xe6\x96"
                                              "1edelete from 票据"},
+        // '$' continues a name but begins none: after a character that ends a name, a digit
+        // after it begins a number again.
+        {"a binary literal after a broken character and '$'", "select \xe3\x80$0xAInSERT 票据 values(1)"},
+        {"a binary literal after a full-width blank and '$'", "select 1\u3000$0xAINSERT 票据 values(1)"},
+        {"a binary literal after a number and '$'", "select \u30001$0xAINSERT 票据 values(1)"},
         {"a second select", "select 1 select 2"},
         {"a second select after a bracket", "select (1) select 2"},
         {"waitfor", "select 1 waitfor delay '00:00:10'"},
@@ -117,6 +122,7 @@ TEST(SelectGuard, LetsOneSelectThrough) {
                                  "Where CHARINDEX('(', 票据编号) = 0 Order by 票据编号"},
         {"a table hint", "select * from 票据 with (nolock)"},
         {"numbers", "select 1e5, 1.5e-3, 0x1F, .5"},
+        {"'$' and digits inside names", "select a$0xAINSERT, 金额$1, @p$0xAINSERT from t"},
     };
     for (const auto& s : selects) {
         SCOPED_TRACE(s.why);

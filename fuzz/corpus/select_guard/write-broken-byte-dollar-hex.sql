@@ -1,0 +1,1 @@
+select ã$0xInSERT
