@@ -4,6 +4,8 @@
 // and that neither the database file nor its folder changed.
 #include <gtest/gtest.h>
 
+#include "base/date_time.h"
+#include "base/vb_number.h"
 #include "hardening/spoiled_databases.h"
 
 namespace quillon {
@@ -169,14 +171,21 @@ TEST(BadInput, AWriteHiddenInCodes) {
                           {R::DeptRate, {ended}}});
 }
 
-// Names of 200 characters show and export like any other; no workbook's name carries them.
+// The day an export is made, as the summary's workbook names carry it.
+std::string DayText() {
+    return Format(DateTime::Today(), "yyyymmdd");
+}
+
+// Names of 200 characters show and export like any other; no workbook's name carries them. The
+// summary's names carry the day of the export ("{day}"): the day the run began, or the next one
+// should it cross midnight.
 TEST(BadInput, LongDepartmentNames) {
     BillingCopy db;
     LongDepartmentNames(db);
     struct Case {
         Report report;
         Seen seen;
-        const char* file;
+        std::string file;
     } cases[] = {
         {R::Recon, {"[系统提示] 票据核对表导出成功！"}, "2024年度【天河花园管理处】票据核对表.xlsx"},
         {R::ReconNew, {"[系统提示] 票据核对表导出成功！"}, "2024年度【天河花园管理处】票据核对表.xlsx"},
@@ -189,18 +198,28 @@ TEST(BadInput, LongDepartmentNames) {
         {R::Invoice,
          {"[系统提示] 增值税开票明细表导出成功！"},
          "【中心停车场管理处】增值税开票明细表_20240101-20241231.xlsx"},
+        {R::Summary, {kSummaryDone, "[系统提示] 预开票汇总表导出成功!"}, "预开票汇总表_{day}.xlsx"},
+        {R::SummaryDetail,
+         {kSummaryDone, "[系统提示] 预开票汇总明细表导出成功!"},
+         "预开票明细_天河花园管理处_物业管理费_{day}.xlsx"},
         {R::DeptRate, {"[系统提示] 汇总表导出成功！"}, "增值税开票统计汇总_20240101-20240101.xlsx"},
+    };
+    auto onDay = [](std::string file, const std::string& day) {
+        if (const size_t at = file.find("{day}"); at != std::string::npos) file.replace(at, 5, day);
+        return std::vector<std::string>{file};
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(ReportName(c.report));
         const TempDir out;
+        const std::string day = DayText();
         UserSession user(db.ConnectionText());
         {
             ReportRun run(c.report, user);
             run.ExportProposed(out.Path().string());
         }
         EXPECT_EQ(user.seen, c.seen);
-        EXPECT_EQ(FolderListing(out.Path().string()), std::vector<std::string>{c.file});
+        const auto listing = FolderListing(out.Path().string());
+        EXPECT_EQ(listing, onDay(c.file, listing == onDay(c.file, day) ? day : DayText()));
     }
     EXPECT_EQ(db.Changes(), "");
 }
