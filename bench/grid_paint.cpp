@@ -1,5 +1,6 @@
 // grid_paint [ROWS] — a full repaint of the grid view holding ROWS (50,000) rows of 40 columns,
-// offscreen, at the top and scrolled to the middle. Prints "paint median min max" in ms.
+// offscreen: turn about at the top and in the middle ("paint median min max" in ms), then paging
+// on through rows not shown before ("fresh median min max").
 #include <QApplication>
 #include <QScrollBar>
 
@@ -35,5 +36,12 @@ int main(int argc, char** argv) {
         view.viewport()->repaint();
     });
     bench::Report("paint", s);
+    // Paging down through rows no repaint has shown yet: nothing of them is kept.
+    const int page = view.viewport()->height() / 10;
+    const bench::Spread fresh = bench::TimeRepeated(41, [&] {
+        view.verticalScrollBar()->setValue((++turn * page) % rows);
+        view.viewport()->repaint();
+    });
+    bench::Report("fresh", fresh);
     return 0;
 }

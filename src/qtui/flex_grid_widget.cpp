@@ -378,8 +378,8 @@ void FlexGridWidget::PaintCells(QPainter& painter, const std::vector<CellBox>& b
             pen = fore;
             penSet = true;
         }
-        textCache_.Draw(painter, box.rect.adjusted(3, 1, -4, -2), flags,
-                        ToQString(cell)); // clipped to the cell
+        textCache_.DrawOn(painter, box.rect.adjusted(3, 1, -4, -2), flags, ToQString(cell),
+                          ColorFromBgr(g.BackColorAt(box.row, box.col))); // clipped to the cell
     }
 }
 

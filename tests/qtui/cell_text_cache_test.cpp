@@ -65,6 +65,47 @@ TEST(CellTextCache, PaintsWhatDrawTextPaints) {
     EXPECT_GT(cache.Size(), 0) << "the texts that fit were drawn from the cache";
 }
 
+// A cell drawn once, then kept as a picture: its background and text copied must be the pixels
+// the background fill and drawText give, on either image format the screen may use.
+TEST(CellTextCache, APictureOfTheCellIsWhatFillAndDrawTextPaint) {
+    TestApp();
+    const int alignments[] = {Qt::AlignLeft | Qt::AlignVCenter, Qt::AlignHCenter | Qt::AlignVCenter,
+                              Qt::AlignRight | Qt::AlignVCenter, Qt::AlignRight | Qt::AlignBottom};
+    const char* texts[] = {"1234.50", "合  计", "维修基金KFS",
+                           "a text far too long for the cell it is drawn in"};
+    const QColor backgrounds[] = {Qt::white, QColor(0xC0, 0xC0, 0xC0), QColor(0xFF, 0xFF, 0xC0)};
+    const QColor pens[] = {Qt::black, Qt::darkRed};
+    const QImage::Format formats[] = {QImage::Format_ARGB32_Premultiplied, QImage::Format_RGB32};
+    const QRect rect(7, 3, 90, 18);
+    CellTextCache cache;
+    for (QImage::Format format : formats)
+        for (int flags : alignments)
+            for (const char* text : texts)
+                for (const QColor& background : backgrounds)
+                    for (const QColor& pen : pens)
+                        for (int pass = 0; pass < 2; ++pass) {
+                            QImage expected(120, 30, format), drawn(120, 30, format);
+                            expected.fill(Qt::blue);
+                            drawn.fill(Qt::blue);
+                            {
+                                QPainter p(&expected);
+                                p.fillRect(rect, background);
+                                p.setPen(pen);
+                                p.drawText(rect, flags | Qt::TextSingleLine, QString::fromUtf8(text));
+                            }
+                            {
+                                QPainter p(&drawn);
+                                p.fillRect(rect, background);
+                                p.setPen(pen);
+                                cache.DrawOn(p, rect, flags | Qt::TextSingleLine, QString::fromUtf8(text),
+                                             background);
+                            }
+                            ASSERT_EQ(DifferingPixels(expected, drawn), 0)
+                                << text << " flags " << flags << " format " << format << " pass " << pass;
+                        }
+    EXPECT_EQ(cache.PictureCount(), 4 * 4 * 3 * 2) << "one picture a cell look, kept across formats";
+}
+
 TEST(CellTextCache, FollowsThePaintersFont) {
     TestApp();
     CellTextCache cache;
