@@ -3,6 +3,7 @@
 // binary noise (1.005 stored as 1.00499..) never decides a rounding.
 #include "base/vb_number.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstdio>
@@ -239,6 +240,9 @@ struct CompiledPattern {
     NumberPattern p;
     std::size_t pointAt = 0;
     int places = 0;
+    // "0.00", "#0.00", "0.000": "#"s and one "0" before the point, only "0"s after it. The money
+    // patterns of every report; their text is the digits as they stand.
+    bool plainFixed = false;
 };
 
 CompiledPattern Compile(std::string_view pattern) {
@@ -249,6 +253,13 @@ CompiledPattern Compile(std::string_view pattern) {
         if (c.p.tokens[i].kind == PatternToken::Point) c.pointAt = i;
         if (c.pointAt < i && IsPlaceholder(c.p.tokens[i])) ++c.places;
     }
+    const auto& t = c.p.tokens;
+    c.plainFixed = !c.p.grouping && !c.p.percent && c.pointAt < t.size() && c.pointAt >= 1 &&
+                   t[c.pointAt - 1].kind == PatternToken::Zero &&
+                   std::all_of(t.begin(), t.begin() + static_cast<std::ptrdiff_t>(c.pointAt) - 1,
+                               [](const PatternToken& k) { return k.kind == PatternToken::Hash; }) &&
+                   std::all_of(t.begin() + static_cast<std::ptrdiff_t>(c.pointAt) + 1, t.end(),
+                               [](const PatternToken& k) { return k.kind == PatternToken::Zero; });
     return c;
 }
 
@@ -265,6 +276,13 @@ std::string FormatNumber(double value, std::string_view pattern) {
     RoundHalfAway(d, places);
 
     std::string out = d.negative ? "-" : "";
+    if (compiled.plainFixed) { // the general path below gives the same, at twice the cost
+        const std::string integer = IntegerDigits(d);
+        out += integer.empty() ? "0" : integer;
+        out += '.';
+        for (int i = 0; i < places; ++i) out += FractionDigit(d, i);
+        return out;
+    }
     out += RenderInteger(std::span(p.tokens).first(pointAt), IntegerDigits(d), p.grouping);
     if (pointAt == p.tokens.size()) return out;
 

@@ -2,6 +2,8 @@
 // 15-digit-then-half-away rule and the date tokens.
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -106,6 +108,24 @@ TEST(FormatPatterns, InterleavedPatternsGiveWhatEachGivesAlone) {
     EXPECT_EQ(alone[1], "-1,234.57");
     EXPECT_EQ(alone[7], "2024-02-29");
     EXPECT_EQ(alone[9], "13:05:09");
+}
+
+// The money patterns take a short way; an empty literal sends the same pattern the general way,
+// which must give the same text for every value.
+TEST(FormatMoney, TheShortWayGivesWhatTheGeneralWayGives) {
+    std::mt19937_64 rng(7);
+    std::uniform_real_distribution<double> unit(-1.0, 1.0);
+    const char* patterns[] = {"0.00", "#0.00", "0.000", "##0.0", "00.00", "0.00%", "#,##0.00"};
+    for (int i = 0; i < 60000; ++i) {
+        double v = unit(rng) * std::pow(10.0, static_cast<int>(rng() % 16) - 4);
+        if (i % 4 == 0) v = std::round(v * 1000) / 1000;
+        if (i % 97 == 0) v = 0.0;
+        for (const char* p : patterns)
+            ASSERT_EQ(Format(v, p), Format(v, std::string(p) + "\"\"")) << p << " " << v;
+    }
+    EXPECT_EQ(Format(5.0, "00.00"), "05.00") << "two zeros before the point pad";
+    EXPECT_EQ(Format(-0.001, "0.00"), "-0.00");
+    EXPECT_EQ(Format(0.5, "#.00"), ".50");
 }
 
 TEST(FormatText, FormatsNumbersAndDatesAndLeavesOtherTextAlone) {
