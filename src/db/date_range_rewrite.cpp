@@ -9,12 +9,6 @@ namespace {
 
 using Tokens = std::vector<SqlToken>;
 
-bool IsAnyWord(const SqlToken& t, std::initializer_list<std::string_view> words) {
-    for (auto w : words)
-        if (t.IsWord(w)) return true;
-    return false;
-}
-
 // Words that follow a table reference instead of an alias.
 bool EndsTableReference(const SqlToken& t) {
     return IsAnyWord(t, {"ON", "WHERE", "INNER", "LEFT", "RIGHT", "FULL", "CROSS", "OUTER", "JOIN", "GROUP",

@@ -11,12 +11,6 @@ namespace {
 using Tokens = std::vector<SqlToken>;
 using Solid = std::vector<size_t>; // token indexes, blanks and comments left out
 
-bool IsAnyWord(const SqlToken& t, std::initializer_list<std::string_view> words) {
-    for (auto w : words)
-        if (t.IsWord(w)) return true;
-    return false;
-}
-
 // Words of an expression that name no column.
 bool IsExpressionWord(const SqlToken& t) {
     return IsAnyWord(t, {"CASE", "WHEN", "THEN", "ELSE", "END", "IS", "NOT", "NULL", "AND", "OR", "IN",

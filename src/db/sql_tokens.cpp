@@ -29,6 +29,12 @@ bool SqlToken::IsWord(std::string_view word) const {
     return kind == SqlTokenKind::Word && EqualsIgnoreAsciiCase(text, word);
 }
 
+bool IsAnyWord(const SqlToken& t, std::initializer_list<std::string_view> words) {
+    for (auto w : words)
+        if (t.IsWord(w)) return true;
+    return false;
+}
+
 std::string SqlToken::Name() const {
     if (kind != SqlTokenKind::QuotedName || text.size() < 2) return text;
     const char close = text.back();

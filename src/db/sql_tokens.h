@@ -2,6 +2,7 @@
 // words, numbers, punctuation) so that the guard and the dialect step never look inside a literal.
 #pragma once
 
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -22,6 +23,9 @@ struct SqlToken {
     // The name without its brackets or quotes, a doubled closing mark read as one.
     std::string Name() const;
 };
+
+// Whether the token is one of the keywords, without regard to case.
+bool IsAnyWord(const SqlToken& t, std::initializer_list<std::string_view> words);
 
 // Never fails: an unterminated literal or comment runs to the end of the text.
 std::vector<SqlToken> TokenizeSql(std::string_view sql);
