@@ -26,6 +26,16 @@ std::string Joined(const Tokens& t, const Solid& s, size_t from, size_t to) {
     return out;
 }
 
+// The column name that starts at solid k, "C" or "T.C", with k left on its last token; nullopt
+// when a point follows without a name after it.
+std::optional<std::string> ReadColumnName(const Tokens& t, const Solid& s, size_t& k, size_t to) {
+    std::string name = t[s[k]].text;
+    if (k + 1 >= to || !t[s[k + 1]].IsPunct('.')) return name;
+    if (k + 2 >= to || !t[s[k + 2]].IsName()) return std::nullopt;
+    k += 2;
+    return name + "." + t[s[k]].text;
+}
+
 // Column references of a select list or GROUP BY, each named by its text ("T.C" or "C"), and
 // the list written again with each reference given by `rename`.
 struct Rewritten {
@@ -57,14 +67,10 @@ std::optional<Rewritten> RewriteExpression(const Tokens& t, const Solid& s, size
             (prev->IsPunct(')') || prev->IsWord("END") || (prev->IsName() && !IsExpressionWord(*prev)) ||
              prev->kind == SqlTokenKind::String || prev->kind == SqlTokenKind::Number))
             return std::nullopt;
-        std::string ref = tok.text;
-        if (k + 2 < to && t[s[k + 1]].IsPunct('.')) {
-            if (!t[s[k + 2]].IsName()) return std::nullopt;
-            ref += "." + t[s[k + 2]].text;
-            k += 2;
-        }
-        out.refs.push_back(ref);
-        emit(rename ? rename->at(ref) : ref);
+        const auto ref = ReadColumnName(t, s, k, to);
+        if (!ref) return std::nullopt;
+        out.refs.push_back(*ref);
+        emit(rename ? rename->at(*ref) : *ref);
     }
     return out;
 }
@@ -79,11 +85,10 @@ std::optional<InList> ReadInList(const Tokens& t, const Solid& s, size_t from, s
     InList in;
     size_t k = from;
     if (k >= to || !t[s[k]].IsName() || IsExpressionWord(t[s[k]])) return std::nullopt;
-    in.ref = t[s[k++]].text;
-    if (k + 1 < to && t[s[k]].IsPunct('.') && t[s[k + 1]].IsName()) {
-        in.ref += "." + t[s[k + 1]].text;
-        k += 2;
-    }
+    const auto ref = ReadColumnName(t, s, k, to);
+    if (!ref) return std::nullopt;
+    in.ref = *ref;
+    ++k;
     if (k + 1 >= to || !t[s[k]].IsWord("IN") || !t[s[k + 1]].IsPunct('(') || !t[s[to - 1]].IsPunct(')'))
         return std::nullopt;
     for (k += 2; k < to - 1; k += 2) {

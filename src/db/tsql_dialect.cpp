@@ -264,9 +264,15 @@ size_t Utf8Offset(std::string_view s, size_t chars) {
     return i;
 }
 
-std::string TextOf(sqlite3_value* v) {
+// The value as text, without a copy: valid until the value changes.
+std::string_view TextViewOf(sqlite3_value* v) {
     const unsigned char* p = sqlite3_value_text(v);
-    return p ? std::string(reinterpret_cast<const char*>(p), sqlite3_value_bytes(v)) : std::string();
+    return p ? std::string_view(reinterpret_cast<const char*>(p), sqlite3_value_bytes(v))
+             : std::string_view();
+}
+
+std::string TextOf(sqlite3_value* v) {
+    return std::string(TextViewOf(v));
 }
 
 bool AnyNull(int argc, sqlite3_value** argv) {
@@ -286,8 +292,7 @@ void ConvertFn(sqlite3_context* ctx, int, sqlite3_value** argv) {
     int style = sqlite3_value_int(argv[2]);
     if (sqlite3_value_type(argv[0]) == SQLITE_TEXT && style == 112) {
         // Every date filter calls this once a row: the digits are the text's own, no copy made.
-        const unsigned char* p = sqlite3_value_text(argv[0]);
-        const std::string_view iso(reinterpret_cast<const char*>(p), sqlite3_value_bytes(argv[0]));
+        const std::string_view iso = TextViewOf(argv[0]);
         if (DateTime::ParseIso(iso)) {
             const char digits[8] = {iso[0], iso[1], iso[2], iso[3], iso[5], iso[6], iso[8], iso[9]};
             return sqlite3_result_text(ctx, digits, static_cast<int>(std::min<size_t>(length, 8)),
@@ -301,10 +306,8 @@ void ConvertFn(sqlite3_context* ctx, int, sqlite3_value** argv) {
 // 1 for text that CONVERT(…,112) reads as a date, so that its yyyymmdd are the text's own
 // digits in place; the date filters are made ranges only on columns of such values.
 void IsIsoDateFn(sqlite3_context* ctx, int, sqlite3_value** argv) {
-    bool iso = sqlite3_value_type(argv[0]) == SQLITE_TEXT &&
-               DateTime::ParseIso(std::string_view(reinterpret_cast<const char*>(sqlite3_value_text(argv[0])),
-                                                   sqlite3_value_bytes(argv[0])))
-                   .has_value();
+    bool iso =
+        sqlite3_value_type(argv[0]) == SQLITE_TEXT && DateTime::ParseIso(TextViewOf(argv[0])).has_value();
     sqlite3_result_int(ctx, iso ? 1 : 0);
 }
 
