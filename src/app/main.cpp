@@ -25,6 +25,7 @@
 #include "app/program_help.h"
 #include "app/report_windows.h"
 #include "app/script_steps.h"
+#include "base/huge_page_heap.h"
 #include "controls/text_width.h"
 #include "qtui/form_view.h"
 #include "qtui/main_frame.h"
@@ -196,6 +197,7 @@ int Run(QApplication& app) {
 } // namespace quillon
 
 int main(int argc, char** argv) {
+    quillon::StartWithHugePageHeap(argv);
     if (const auto status = quillon::AnswerHelpOrVersion(argc, argv)) return *status;
     QApplication app(argc, argv);
     if (std::unique_ptr<QTranslator> qtTexts = quillon::LoadQtTranslations())

@@ -6,8 +6,10 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <iterator>
 #include <span>
 #include <vector>
 
@@ -74,6 +76,22 @@ void RoundHalfAway(Decimal& d, int places) {
         }
     }
     StripTrailingZeros(d);
+}
+
+// |value| x 10^places rounded half away from zero, as ToDecimal15 and RoundHalfAway round it, by
+// arithmetic alone. The 15-digit step moves the value by at most 5e-15 of itself and the scaling
+// by one rounding more, so away from a half by more than 1e-14 of the scaled value neither can
+// change the result; nearer, or out of the range of exact integers, the caller takes the long way.
+bool ScaledMagnitude(double value, int places, std::uint64_t& scaled) {
+    static constexpr double kPowers[] = {1, 10, 100, 1000, 10000, 100000, 1000000};
+    if (places < 0 || places >= static_cast<int>(std::size(kPowers))) return false;
+    const double c = std::fabs(value) * kPowers[places];
+    if (!(c < 1e15)) return false;
+    const double whole = std::floor(c);
+    const double fraction = c - whole; // exact below 2^52
+    if (std::fabs(fraction - 0.5) <= c * 1e-14) return false;
+    scaled = static_cast<std::uint64_t>(whole) + (fraction > 0.5 ? 1 : 0);
+    return true;
 }
 
 // Digits before the point, without leading zeros ("" for a value below 1).
@@ -271,12 +289,27 @@ std::string FormatNumber(double value, std::string_view pattern) {
     const std::size_t pointAt = compiled.pointAt;
     const int places = compiled.places;
 
+    std::uint64_t scaled = 0;
+    if (compiled.plainFixed && ScaledMagnitude(value, places, scaled)) {
+        // The general path below gives the same text, at several times the cost.
+        char buf[48];
+        char* at = buf;
+        if (value < 0) *at++ = '-'; // "-0.00" as well: the sign is the value's, not the text's
+        std::uint64_t unit = 1;
+        for (int i = 0; i < places; ++i) unit *= 10;
+        at = std::to_chars(at, buf + sizeof buf, scaled / unit).ptr;
+        *at++ = '.';
+        char* fractionEnd = at + places;
+        for (std::uint64_t rest = scaled % unit; fractionEnd > at; rest /= 10)
+            *--fractionEnd = char('0' + rest % 10);
+        return std::string(buf, at + places);
+    }
     Decimal d = ToDecimal15(value);
     if (p.percent && !d.digits.empty()) d.point += 2;
     RoundHalfAway(d, places);
 
     std::string out = d.negative ? "-" : "";
-    if (compiled.plainFixed) { // the general path below gives the same, at twice the cost
+    if (compiled.plainFixed) {
         const std::string integer = IntegerDigits(d);
         out += integer.empty() ? "0" : integer;
         out += '.';
@@ -607,6 +640,10 @@ double RoundMoney(double value) {
 
 double CentsValue(double value) {
     if (!std::isfinite(value)) return Val(Format(value, "0.00"));
+    // n / 100 is one correctly rounded division, as reading the text "n e-2" is; + 0.0 drops the
+    // sign of a negative value that rounds to no cents.
+    if (std::uint64_t cents = 0; ScaledMagnitude(value, 2, cents))
+        return (value < 0 ? -1.0 : 1.0) * (static_cast<double>(cents) / 100.0) + 0.0;
     Decimal d = ToDecimal15(value);
     RoundHalfAway(d, 2);
     if (d.digits.empty()) return 0.0; // "-0.00" reads back as 0 too

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "base/huge_page_heap.h"
 #include "base/vb_error.h"
 #include "cli/cli_commands.h"
 #include "cli/cli_options.h"
@@ -14,6 +15,7 @@
 
 int main(int argc, char** argv) {
     using namespace quillon;
+    StartWithHugePageHeap(argv);
     std::vector<std::string> args(argv + 1, argv + argc);
     if (args.empty() || args[0] == "--help" || args[0] == "-h") {
         std::fputs(ProgramUsage().c_str(), args.empty() ? stderr : stdout);

@@ -25,9 +25,8 @@ void frm票据开票明细表New::ExportInvoiceWorkbook() {
                 sheet.Range(r, 1, r, C).Interior().SetColor(kDetailHeaderFill);
                 continue;
             }
-            WriteBillCells(
-                sheet, r, i, row.BillDate,
-                {&row.SpecialInvoiceNo, &row.OrdinaryInvoiceNo, &row.ElectronicInvoiceNo, &row.ReceiptNo});
+            const auto numbers = row.NumberCells();
+            WriteBillCells(sheet, r, i, row.BillDate, {numbers[0], numbers[1], numbers[2], numbers[3]});
             WriteAmountCells(sheet, r, 7, row.Amounts, n);
             sheet.Cells(r, C - 2).SetValue(Format(row.RowTotal, "0.00"));
             sheet.Cells(r, C - 1).SetValue(row.PayMode);

@@ -36,6 +36,13 @@ std::string FlagWord(double amount, const char* positive, const char* negative) 
 
 } // namespace
 
+std::array<const std::string*, 4> InvoiceRow::NumberCells() const {
+    static const std::string kNone;
+    std::array<const std::string*, 4> cells{&kNone, &kNone, &kNone, &kNone};
+    cells[static_cast<std::size_t>(NumberColumn)] = &BillNo;
+    return cells;
+}
+
 frm票据开票明细表New::frm票据开票明细表New(AppSession& session, Dialogs& dialogs)
     : DetailReportForm(kInvoiceTexts, session.DbConnection, dialogs), session_(session) {}
 
@@ -111,14 +118,24 @@ bool frm票据开票明细表New::RunFundInvoiceQuery(const std::string& dept,
     return ReadInvoiceRows(rs, InvoiceQueryForm::Fund);
 }
 
+// What every bill of a run is read against, worked out once for the run rather than per bill.
+struct frm票据开票明细表New::RunCriteria {
+    InvoiceQueryForm form;
+    std::string exchangedFolded; // ExchangedNumbers without case
+    std::string firstMonth;      // the first date's "yyyymm"
+    std::string endDay;          // EndText()
+    ItemAmountReader amounts;
+};
+
 bool frm票据开票明细表New::ReadInvoiceRows(Recordset& rs, InvoiceQueryForm form) {
-    exchangedFolded_ = FoldedAscii(ExchangedNumbers); // once, not for each bill
+    RunCriteria run{form, FoldedAscii(ExchangedNumbers), Format(DTPicker1_0.Value(), "yyyymm"), EndText(),
+                    ItemAmountReader(FirstAmountField(form), AmountColumnCount)};
     std::vector<InvoiceRow> rows(1);
     // Room for a year of a busy department at once: growing the vector step by step moved every
     // bill read so far and touched fresh pages each time, a third of this window's own work.
     // Pages never written cost nothing.
     rows.reserve(1 << 15);
-    for (; !rs.Eof(); rs.MoveNext()) rows.push_back(ReadBill(rs, form));
+    for (; !rs.Eof(); rs.MoveNext()) ReadBill(rs, run, rows.emplace_back());
     ResultRows = std::move(rows);
     std::vector<InvoiceRow>& result = *ResultRows;
     if (result.size() == 1) {
@@ -154,23 +171,24 @@ bool frm票据开票明细表New::ReadInvoiceRows(Recordset& rs, InvoiceQueryFor
     return true;
 }
 
-InvoiceRow frm票据开票明细表New::ReadBill(const Recordset& rs, InvoiceQueryForm form) const {
-    InvoiceRow row;
+void frm票据开票明细表New::ReadBill(const Recordset& rs, RunCriteria& run, InvoiceRow& row) const {
+    const InvoiceQueryForm form = run.form;
     row.Amounts.assign(AmountColumnCount, 0.0);
-    row.BillDate = DateFieldText(rs.Fields("开票日期"));
+    const Field billDate = rs.Fields("开票日期");
+    row.BillDate = DateFieldText(billDate);
     row.IsVoid = !rs.Fields("作废日期").IsNull();
     row.BillNo = rs.Fields("票据编号").Value().AsText();
     row.IsReplacing = !rs.Fields("被换票票据编号").IsNull();
 
     const std::string type = rs.Fields("票据类型").Value().AsText();
     if (Contains(type, "专用发票"))
-        row.SpecialInvoiceNo = row.BillNo;
+        row.NumberColumn = InvoiceNumberColumn::Special;
     else if (Contains(type, "普通发票"))
-        row.OrdinaryInvoiceNo = row.BillNo;
+        row.NumberColumn = InvoiceNumberColumn::Ordinary;
     else if (Contains(type, "电子发票") || (form == InvoiceQueryForm::Exchange && Contains(type, "全电发票")))
-        row.ElectronicInvoiceNo = row.BillNo;
+        row.NumberColumn = InvoiceNumberColumn::Electronic;
     else
-        row.ReceiptNo = row.BillNo;
+        row.NumberColumn = InvoiceNumberColumn::Receipt;
 
     // A NULL amount counts as not negative.
     const Field amount = rs.Fields("金额");
@@ -178,10 +196,9 @@ InvoiceRow frm票据开票明细表New::ReadBill(const Recordset& rs, InvoiceQue
     const Field paid = rs.Fields("收款日期");
     // Substring search over the whole list, commas and all, without regard to case.
     const bool exchanged = form == InvoiceQueryForm::Exchange && !ExchangedNumbers.empty() &&
-                           exchangedFolded_.find(FoldedAscii(row.BillNo)) != std::string::npos;
-    const bool unpaidAtEnd =
-        Format(rs.Fields("开票日期").Value().AsDate(), "yyyymm") >= Format(DTPicker1_0.Value(), "yyyymm") &&
-        (paid.IsNull() || Format(paid.Value().AsDate(), "yyyymmdd") > EndText());
+                           run.exchangedFolded.find(FoldedAscii(row.BillNo)) != std::string::npos;
+    const bool unpaidAtEnd = Format(billDate.Value().AsDate(), "yyyymm") >= run.firstMonth &&
+                             (paid.IsNull() || Format(paid.Value().AsDate(), "yyyymmdd") > run.endDay);
 
     if (row.IsVoid)
         row.PayMode = FlagWord(billAmount, "作废", "负票");
@@ -194,12 +211,11 @@ InvoiceRow frm票据开票明细表New::ReadBill(const Recordset& rs, InvoiceQue
     // An ordinary bill of the union form without a payer shows no address either.
     if (flagged || form == InvoiceQueryForm::Fund || !rs.Fields("付款人").IsNull())
         row.Payer = PayerWithAddress(rs);
-    if (flagged) return row;
+    if (flagged) return;
 
     row.PayMode = rs.Fields("收款方式").Value().AsText();
-    row.Amounts = ReadItemAmounts(rs, FirstAmountField(form), AmountColumnCount);
+    run.amounts.Read(rs, row.Amounts);
     for (double a : row.Amounts) row.RowTotal += a;
-    return row;
 }
 
 void frm票据开票明细表New::WriteResultRow(int r) {
@@ -216,10 +232,11 @@ void frm票据开票明细表New::WriteResultRow(int r) {
         g.SetTextMatrix(at, n + 7, row.PayMode);
         return;
     }
-    const std::string* numbers[] = {&row.BillDate, &row.SpecialInvoiceNo, &row.OrdinaryInvoiceNo,
-                                    &row.ElectronicInvoiceNo, &row.ReceiptNo};
-    for (int c = 1; c <= 5; ++c) {
-        g.SetTextMatrix(at, c, *numbers[c - 1]);
+    g.SetTextMatrix(at, 1, row.BillDate);
+    g.SetColAlignment(1, flexAlignCenterCenter);
+    const auto numbers = row.NumberCells();
+    for (int c = 2; c <= 5; ++c) {
+        g.SetTextMatrix(at, c, *numbers[c - 2]);
         g.SetColAlignment(c, flexAlignCenterCenter);
     }
     const int shown = std::min<int>(n, static_cast<int>(row.Amounts.size()));

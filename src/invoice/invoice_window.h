@@ -5,6 +5,7 @@
 // The twin of the pre-invoice detail; what differs is its texts table and the routines here.
 #pragma once
 
+#include <array>
 #include <optional>
 #include <string>
 #include <vector>
@@ -15,19 +16,28 @@ namespace quillon {
 
 struct AppSession;
 
+// The four number columns after the date; a bill's number stands in the one its type names.
+enum class InvoiceNumberColumn : unsigned char {
+    Special,    // 专用发票
+    Ordinary,   // 普通发票
+    Electronic, // 电子发票
+    Receipt,    // any other type, column "收据"
+};
+
 struct InvoiceRow {
-    std::string BillDate;            // 开票日期 "yyyy-mm-dd"; "合  计"; "其中" or "" in the mode rows
-    std::string BillNo;              // 票据编号
-    std::string SpecialInvoiceNo;    // 专用发票
-    std::string OrdinaryInvoiceNo;   // 普通发票
-    std::string ElectronicInvoiceNo; // 电子发票
-    std::string ReceiptNo;           // any other type, column "收据"
-    std::vector<double> Amounts;     // one per money column
-    std::string PayMode;             // 收款方式, or the flag word
-    std::string Payer;               // payer and address
+    std::string BillDate;        // 开票日期 "yyyy-mm-dd"; "合  计"; "其中" or "" in the mode rows
+    std::string BillNo;          // 票据编号
+    std::vector<double> Amounts; // one per money column
+    std::string PayMode;         // 收款方式, or the flag word
+    std::string Payer;           // payer and address
+    double RowTotal = 0;         // 0 in flagged rows
+    InvoiceNumberColumn NumberColumn = InvoiceNumberColumn::Receipt;
     bool IsVoid = false;
     bool IsReplacing = false;
-    double RowTotal = 0; // 0 in flagged rows
+
+    // The texts of the four number columns, in their order: BillNo in its own, "" elsewhere. A
+    // year of bills is held at once, so a row keeps one number rather than four texts.
+    std::array<const std::string*, 4> NumberCells() const;
 };
 
 inline constexpr DetailReportTexts kInvoiceTexts = {
@@ -85,11 +95,11 @@ private:
     bool RunFundInvoiceQuery(const std::string& dept, const std::string& office);
     // Reads the recordset of either form into ResultRows and closes it with 合  计 and 其中.
     bool ReadInvoiceRows(Recordset& rs, InvoiceQueryForm form);
-    InvoiceRow ReadBill(const Recordset& rs, InvoiceQueryForm form) const;
+    struct RunCriteria;
+    void ReadBill(const Recordset& rs, RunCriteria& run, InvoiceRow& row) const;
     void ExportInvoiceWorkbook();
 
     AppSession& session_;
-    std::string exchangedFolded_; // ExchangedNumbers without case, for the run being read
 };
 
 } // namespace quillon

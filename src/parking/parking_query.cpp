@@ -107,13 +107,15 @@ bool frm停车费明细表New::RunParkingQuery(const std::string& dept,
     Recordset rs = conn.OpenRecordset(sql);
     std::vector<ParkingRow> rows(1);
     std::string groupKey;
+    ItemAmountReader amountReader(kFirstAmountField, AmountColumnCount);
+    std::vector<double> amounts;
     for (; !rs.Eof(); rs.MoveNext()) {
+        amountReader.Read(rs, amounts);
         const Field mode = rs.Fields("收款方式");
         AddBillToGroup(rows, groupKey, rs.Fields("入库单编号").Value().AsText(),
                        rs.Fields("收款日期").Value().AsText(), rs.Fields("票据编号").Value().AsText(),
                        mode.IsNull() ? std::string() : Trim(mode.Value().AsText()),
-                       !rs.Fields("交易订单号").IsNull(),
-                       ReadItemAmounts(rs, kFirstAmountField, AmountColumnCount));
+                       !rs.Fields("交易订单号").IsNull(), amounts);
     }
     ResultRows = std::move(rows);
     if (ResultRows->size() == 1) {

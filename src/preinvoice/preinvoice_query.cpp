@@ -136,9 +136,10 @@ bool frm票据预开明细表New::RunPreInvoiceQuery(const std::string& dept,
         PreInvoiceBillDetailQuery(ChargeItems, SplitTable, StartText(), EndText(), dept, BillTypeInList);
     Recordset rs = conn.OpenRecordset(sql);
     std::vector<PreInvoiceRow> rows(1);
+    ItemAmountReader amountReader(kFirstAmountField, AmountColumnCount);
     for (; !rs.Eof(); rs.MoveNext()) {
         rows.emplace_back();
-        ReadBill(rs, rows.back());
+        ReadBill(rs, amountReader, rows.back());
     }
     ResultRows = std::move(rows);
     if (ResultRows->size() == 1) {
@@ -158,7 +159,7 @@ bool frm票据预开明细表New::RunPreInvoiceQuery(const std::string& dept,
     return true;
 }
 
-void frm票据预开明细表New::ReadBill(const Recordset& rs, PreInvoiceRow& row) {
+void frm票据预开明细表New::ReadBill(const Recordset& rs, ItemAmountReader& amountReader, PreInvoiceRow& row) {
     row.BillDate = DateFieldText(rs.Fields("开票日期"));
     row.IsVoid = !rs.Fields("作废日期").IsNull();
     row.BillNo = rs.Fields("票据编号").Value().AsText();
@@ -179,7 +180,7 @@ void frm票据预开明细表New::ReadBill(const Recordset& rs, PreInvoiceRow& r
         row.OtherInvoiceNo = row.BillNo;
     }
 
-    row.Amounts = ReadItemAmounts(rs, kFirstAmountField, AmountColumnCount);
+    amountReader.Read(rs, row.Amounts);
     row.Payer = PayerWithAddress(rs);
     row.PayMode = "预开";
     for (double a : row.Amounts) row.RowTotal += a;

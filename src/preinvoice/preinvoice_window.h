@@ -13,6 +13,7 @@
 namespace quillon {
 
 struct AppSession;
+class ItemAmountReader;
 
 struct PreInvoiceRow {
     std::string BillDate;          // 开票日期 "yyyy-mm-dd"; "合  计" in the total row
@@ -69,7 +70,7 @@ protected:
 
 private:
     bool RunPreInvoiceQuery(const std::string& dept, const std::string& office);
-    void ReadBill(const Recordset& rs, PreInvoiceRow& row);
+    void ReadBill(const Recordset& rs, ItemAmountReader& amountReader, PreInvoiceRow& row);
 
     AppSession& session_;
 };

@@ -10,18 +10,21 @@ double CentsOf(const Field& field) {
     return field.IsNull() ? 0.0 : CentsValue(field.Value().AsNumber());
 }
 
-std::vector<double> ReadItemAmounts(const Recordset& rs, int firstField, int count) {
-    std::vector<double> amounts(count, 0.0);
-    for (int j = 0; j < count; ++j) {
-        const Field f = rs.Fields(firstField + j);
-        if (Contains(f.Name(), "KFS")) {
-            const double wy = CentsOf(rs.Fields(firstField + j + 1));
+void ItemAmountReader::Read(const Recordset& rs, std::vector<double>& amounts) {
+    if (developerShare_.empty() && count_ > 0) {
+        developerShare_.resize(count_);
+        for (int j = 0; j < count_; ++j) developerShare_[j] = Contains(rs.Fields(first_ + j).Name(), "KFS");
+    }
+    amounts.resize(count_);
+    for (int j = 0; j < count_; ++j) {
+        const Field f = rs.Fields(first_ + j);
+        if (developerShare_[j]) {
+            const double wy = CentsOf(rs.Fields(first_ + j + 1));
             amounts[j] = f.IsNull() ? 0.0 : CentsValue(f.Value().AsNumber() - wy);
         } else {
             amounts[j] = CentsOf(f);
         }
     }
-    return amounts;
 }
 
 std::string DateFieldText(const Field& field) {
@@ -32,7 +35,10 @@ std::string PayerWithAddress(const Recordset& rs) {
     const Field payer = rs.Fields("付款人");
     std::string text = payer.IsNull() ? std::string() : Replace(payer.Value().AsText(), "\r\n", "");
     const Field address = rs.Fields("地址");
-    if (!address.IsNull()) text += " " + Replace(address.Value().AsText(), "\r\n", "");
+    if (!address.IsNull()) {
+        text += ' ';
+        text += Replace(address.Value().AsText(), "\r\n", "");
+    }
     return text;
 }
 

@@ -16,8 +16,19 @@ double CentsOf(const Field& field);
 // The money fields of an item group from ordinal firstField on, `count` of them. A field whose
 // name holds "KFS" is the net amount of a parking item, followed by the property company's share
 // (WY): the share is rounded to the cent, and the developer has what is left of the net amount,
-// rounded again, so the two add up to the net amount.
-std::vector<double> ReadItemAmounts(const Recordset& rs, int firstField, int count);
+// rounded again, so the two add up to the net amount. Which fields pair up is learnt from the
+// names at the first bill, not again for every bill.
+class ItemAmountReader {
+public:
+    ItemAmountReader(int firstField, int count) : first_(firstField), count_(count) {}
+    // The current bill's amounts into `amounts`, reusing its room.
+    void Read(const Recordset& rs, std::vector<double>& amounts);
+
+private:
+    int first_;
+    int count_;
+    std::vector<bool> developerShare_; // per field: a KFS field; empty until the first bill
+};
 
 // 开票日期 and the like as "yyyy-mm-dd"; NULL gives "".
 std::string DateFieldText(const Field& field);

@@ -153,8 +153,17 @@ TEST(CentsValue, IsTheMoneyTextReadBackBitForBit) {
         if (i % 3 == 0) v = std::round(v * 1000) / 1000; // a half cent now and then
         values.push_back(v);
     }
+    // Half a cent and a few steps of the double either side, where arithmetic alone must give way.
+    for (int i = 0; i < 20000; ++i) {
+        double v = (static_cast<double>(rng() % 100000000) + 0.5) / 100 * (i % 2 ? -1 : 1);
+        for (int step = 0; step < static_cast<int>(rng() % 40); ++step)
+            v = std::nextafter(v, i % 4 < 2 ? 0.0 : 1e300);
+        values.push_back(v);
+    }
+    values.push_back(0.004999999999999999); // 15 digits make it half a cent
     for (double v : values) {
-        const double expected = Val(Format(v, "0.00"));
+        // The empty literal sends the pattern the general way, digit by digit.
+        const double expected = Val(Format(v, "0.00\"\""));
         const double actual = CentsValue(v);
         ASSERT_EQ(std::memcmp(&expected, &actual, sizeof(double)), 0)
             << std::setprecision(17) << v << " → " << expected << " but " << actual;

@@ -120,6 +120,11 @@ TEST(FormatMoney, TheShortWayGivesWhatTheGeneralWayGives) {
         double v = unit(rng) * std::pow(10.0, static_cast<int>(rng() % 16) - 4);
         if (i % 4 == 0) v = std::round(v * 1000) / 1000;
         if (i % 97 == 0) v = 0.0;
+        if (i % 5 == 1) { // half a cent, give or take a few steps of the double
+            v = std::round(v * 100) / 100 + 0.005;
+            for (int step = static_cast<int>(rng() % 9); step > 0; --step)
+                v = std::nextafter(v, i % 2 ? 0.0 : 1e300);
+        }
         for (const char* p : patterns)
             ASSERT_EQ(Format(v, p), Format(v, std::string(p) + "\"\"")) << p << " " << v;
     }
