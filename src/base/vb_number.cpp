@@ -369,13 +369,17 @@ bool IsDatePattern(std::string_view pattern) {
     return letters;
 }
 
-std::string Padded(int value, int width) {
+// Appends value as "%0*d" prints it: at least `width` places, the sign taking one of them.
+void AppendPadded(std::string& out, int value, int width) {
     char buf[16];
     const auto written = std::to_chars(buf, buf + sizeof buf, value < 0 ? -static_cast<long>(value) : value);
-    std::string digits(buf, written.ptr);
-    const int room = value < 0 ? width - 1 : width; // as "%0*d": the sign takes a place
-    if (static_cast<int>(digits.size()) < room) digits.insert(0, room - digits.size(), '0');
-    return value < 0 ? "-" + digits : digits;
+    if (value < 0) {
+        out += '-';
+        --width;
+    }
+    const int digits = static_cast<int>(written.ptr - buf);
+    if (digits < width) out.append(static_cast<std::size_t>(width - digits), '0');
+    out.append(buf, written.ptr);
 }
 
 int DayOfYear(const DateTime& v) {
@@ -428,9 +432,9 @@ std::string Format(const DateTime& value, std::string_view pattern) {
             break;
         case 'y':
             if (t.count == 4)
-                out += Padded(value.year, 4);
+                AppendPadded(out, value.year, 4);
             else if (t.count == 2)
-                out += Padded(value.year % 100, 2);
+                AppendPadded(out, value.year % 100, 2);
             else
                 out += std::to_string(DayOfYear(value));
             break;
@@ -446,20 +450,20 @@ std::string Format(const DateTime& value, std::string_view pattern) {
                 minutes = tokens[a].letter == 's';
                 break;
             }
-            out += Padded(minutes ? value.minute : value.month, width);
+            AppendPadded(out, minutes ? value.minute : value.month, width);
             break;
         }
         case 'd':
-            out += Padded(value.day, width);
+            AppendPadded(out, value.day, width);
             break;
         case 'h':
-            out += Padded(value.hour, width);
+            AppendPadded(out, value.hour, width);
             break;
         case 'n':
-            out += Padded(value.minute, width);
+            AppendPadded(out, value.minute, width);
             break;
         case 's':
-            out += Padded(value.second, width);
+            AppendPadded(out, value.second, width);
             break;
         }
     }
