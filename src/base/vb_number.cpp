@@ -78,14 +78,15 @@ void RoundHalfAway(Decimal& d, int places) {
     StripTrailingZeros(d);
 }
 
+constexpr std::uint64_t kTens[] = {1, 10, 100, 1000, 10000, 100000, 1000000}; // 10^places, as far as taken
+
 // |value| x 10^places rounded half away from zero, as ToDecimal15 and RoundHalfAway round it, by
 // arithmetic alone. The 15-digit step moves the value by at most 5e-15 of itself and the scaling
 // by one rounding more, so away from a half by more than 1e-14 of the scaled value neither can
 // change the result; nearer, or out of the range of exact integers, the caller takes the long way.
 bool ScaledMagnitude(double value, int places, std::uint64_t& scaled) {
-    static constexpr double kPowers[] = {1, 10, 100, 1000, 10000, 100000, 1000000};
-    if (places < 0 || places >= static_cast<int>(std::size(kPowers))) return false;
-    const double c = std::fabs(value) * kPowers[places];
+    if (places < 0 || places >= static_cast<int>(std::size(kTens))) return false;
+    const double c = std::fabs(value) * static_cast<double>(kTens[places]);
     if (!(c < 1e15)) return false;
     const double whole = std::floor(c);
     const double fraction = c - whole; // exact below 2^52
@@ -295,8 +296,7 @@ std::string FormatNumber(double value, std::string_view pattern) {
         char buf[48];
         char* at = buf;
         if (value < 0) *at++ = '-'; // "-0.00" as well: the sign is the value's, not the text's
-        std::uint64_t unit = 1;
-        for (int i = 0; i < places; ++i) unit *= 10;
+        const std::uint64_t unit = kTens[places];
         at = std::to_chars(at, buf + sizeof buf, scaled / unit).ptr;
         *at++ = '.';
         char* fractionEnd = at + places;
